@@ -1,0 +1,112 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/color.h"
+#include "platform/control.h"
+
+namespace kestrava {
+
+/// Names one row of a grid for as long as the row exists, whatever happens to its number.
+struct RowBookmark {
+  std::uint64_t serial;
+
+  friend auto operator<=>(const RowBookmark&, const RowBookmark&) = default;
+};
+
+/// The view that a desktop puts on a grid. Each call tells what has just changed.
+class GridObserver {
+ public:
+  virtual void CellChanged(std::int32_t row, std::int32_t col) = 0;
+  /// The number of rows or columns, or a column's width, has changed; with `Rows` any cell may
+  /// stand in another row.
+  virtual void ShapeChanged() = 0;
+
+ protected:
+  ~GridObserver() = default;
+};
+
+/// A table of text cells with one current cell. Row 0 and column 0 are fixed headings. A new grid
+/// has 2 rows and 2 columns. Indexes count from 0; a `Row` or `Col` outside the table is an error.
+class MSFlexGrid : public Control {
+ public:
+  MSFlexGrid(Form& form, const char* name);
+
+  std::int32_t Rows() const { return static_cast<std::int32_t>(rows_.size()); }
+  /// Grows the table at the bottom by empty rows, or cuts it there. A current row that is cut off
+  /// gives way to the last row left.
+  /// @throws RuntimeError (5) below 1, the heading row.
+  void SetRows(std::int32_t rows);
+
+  std::int32_t Cols() const { return cols_; }
+  /// @throws RuntimeError (5) below 1, the heading column.
+  void SetCols(std::int32_t cols);
+
+  std::int32_t Row() const { return row_; }
+  std::int32_t Col() const { return col_; }
+  /// @throws RuntimeError (9) outside the table.
+  void SetRow(std::int32_t row);
+  void SetCol(std::int32_t col);
+
+  /// The current cell.
+  const std::string& Text() const { return CurrentCell().text; }
+  void SetText(std::string text);
+  void SetCellBackColor(Color color);
+
+  /// In twips; 960, a width of the grid's own, until it is set.
+  /// @throws RuntimeError (9) outside the table.
+  std::int32_t ColWidth(std::int32_t col) const;
+  void SetColWidth(std::int32_t col, std::int32_t twips);
+
+  /// Removes a row; the rows below move up.
+  /// @throws RuntimeError (9) outside the table, (5) for the heading row.
+  void RemoveItem(std::int32_t row);
+
+  /// @throws RuntimeError (9) outside the table.
+  RowBookmark Bookmark(std::int32_t row) const;
+  /// The number of the row now, or nothing once the row is gone: removed, cut off by a smaller
+  /// `Rows`, or cleared away for another list.
+  std::optional<std::int32_t> RowOf(RowBookmark bookmark) const;
+  /// The number of the first row below the marked one that came later to the table, whether or not
+  /// the marked one is still there; `Rows` if there is none.
+  std::int32_t RowBehind(RowBookmark bookmark) const;
+
+  /// For showing a cell without moving the current one. The indexes must be inside the table.
+  const std::string& TextAt(std::int32_t row, std::int32_t col) const;
+  Color BackColorAt(std::int32_t row, std::int32_t col) const;
+
+  /// Sets the one view; nullptr takes it away.
+  void SetObserver(GridObserver* observer) { gridObserver_ = observer; }
+
+ private:
+  struct Cell {
+    std::string text;
+    Color backColor = kNoColor;
+  };
+  /// Rows come only at the bottom and keep their order, so serials ascend down the table and a
+  /// bookmark finds its row by binary search.
+  struct RowData {
+    std::uint64_t serial;
+    std::vector<Cell> cells;
+  };
+
+  Cell& CurrentCell() {
+    return rows_[static_cast<std::size_t>(row_)].cells[static_cast<std::size_t>(col_)];
+  }
+  const Cell& CurrentCell() const { return CellAt(row_, col_); }
+  const Cell& CellAt(std::int32_t row, std::int32_t col) const;
+  void TellShape();
+
+  std::vector<RowData> rows_;
+  std::vector<std::int32_t> widths_;
+  std::int32_t cols_ = 2;
+  std::int32_t row_ = 1;
+  std::int32_t col_ = 1;
+  std::uint64_t nextSerial_ = 0;
+  GridObserver* gridObserver_ = nullptr;
+};
+
+}  // namespace kestrava

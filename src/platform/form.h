@@ -1,0 +1,84 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "platform/control.h"
+#include "platform/event.h"
+#include "platform/menu.h"
+
+namespace kestrava {
+
+enum class FormStyle {
+  MainWindow,  ///< fixed size, minimise button, no maximise button, an icon of its own
+  ToolWindow,  ///< fixed size, neither minimise nor maximise button
+};
+
+enum class MousePointer { Default, Busy };
+
+/// A window as data.
+struct FormSpec {
+  const char* name;
+  const char* caption;
+  FormStyle style;
+  int width;   ///< of the inner area below the menu bar, in twips
+  int height;  ///< the same
+  std::span<const ControlSpec> controls;
+  std::span<const MenuSpec> menu;
+  const char* defaultButton;  ///< the button that Enter presses, or empty
+  const char* cancelButton;   ///< the button that Esc presses, or empty
+};
+
+/// What a window shows and holds. Its parts are members of the class that derives from it; each
+/// part takes its line of `spec` by name and joins the form as it is made.
+class Form : public Observable {
+ public:
+  explicit Form(const FormSpec& spec) : spec_(spec) {}
+  virtual ~Form() = default;
+
+  const FormSpec& Spec() const { return spec_; }
+  const std::vector<Control*>& Controls() const { return controls_; }
+  const std::vector<MenuEntry*>& Menu() const { return menu_; }
+
+  /// The outer window's place on the screen, in twips. `Placed` is false until both were set; such
+  /// a window opens where the window system puts it.
+  int Left() const { return left_; }
+  int Top() const { return top_; }
+  bool Placed() const { return leftSet_ && topSet_; }
+  void SetLeft(int left);
+  void SetTop(int top);
+
+  /// Hiding a window that was opened modally ends the modal wait.
+  bool Visible() const { return visible_; }
+  void SetVisible(bool visible) { Change(visible_, visible); }
+
+  MousePointer Pointer() const { return pointer_; }
+  void SetPointer(MousePointer pointer) { Change(pointer_, pointer); }
+
+  /// Raised by the window system when the window has been made and not yet shown.
+  Event Load;
+  /// Raised by the window system just before the window goes. Nothing can refuse it.
+  Event Unload;
+
+ private:
+  friend Control::Control(Form&, const char*, ControlKind);
+  friend MenuEntry::MenuEntry(Form&, const char*);
+
+  const ControlSpec& SpecOfControl(std::string_view name, ControlKind kind) const;
+  const MenuSpec& SpecOfMenuEntry(std::string_view name) const;
+  void Join(Control& control) { controls_.push_back(&control); }
+  void Join(MenuEntry& entry) { menu_.push_back(&entry); }
+
+  const FormSpec& spec_;
+  std::vector<Control*> controls_;
+  std::vector<MenuEntry*> menu_;
+  int left_ = 0;
+  int top_ = 0;
+  bool leftSet_ = false;
+  bool topSet_ = false;
+  bool visible_ = false;
+  MousePointer pointer_ = MousePointer::Default;
+};
+
+}  // namespace kestrava
