@@ -1,0 +1,98 @@
+#include "monitor/check_pass.h"
+
+#include <utility>
+
+#include "general/conversion.h"
+#include "monitor/connection_table.h"
+#include "monitor/general_date.h"
+#include "monitor/shared_state.h"
+#include "platform/clock.h"
+#include "platform/event_loop.h"
+#include "platform/flex_grid.h"
+#include "platform/form.h"
+#include "probes/connection_probe.h"
+
+namespace kestrava {
+
+namespace {
+
+/// Marks a pass as under way for as long as it lives, however the pass ends.
+class RunningMark {
+ public:
+  RunningMark(bool& running, Form& window) : running_(running), window_(window) {
+    running_ = true;
+    window_.SetPointer(MousePointer::Busy);
+  }
+  ~RunningMark() {
+    running_ = false;
+    window_.SetPointer(MousePointer::Default);
+  }
+  RunningMark(const RunningMark&) = delete;
+  RunningMark& operator=(const RunningMark&) = delete;
+
+ private:
+  bool& running_;
+  Form& window_;
+};
+
+}  // namespace
+
+void CheckPass::Run() {
+  if (running_) return;
+  const RunningMark mark(running_, window_);
+  state_.FailedConnections.clear();
+  const RowBookmark last = grid_.Bookmark(grid_.Rows() - 1);
+  std::int32_t next = kHeadingRow + 1;
+  while (next < grid_.Rows()) {
+    const RowBookmark row = grid_.Bookmark(next);
+    if (row > last) break;
+    if (CheckRow(row) == LoopState::Ending) return;
+    next = grid_.RowBehind(row);
+  }
+}
+
+LoopState CheckPass::CheckRow(RowBookmark row) {
+  MoveTo(row, kAddressColumn);
+  if (eventLoop_.PumpEvents() == LoopState::Ending) return LoopState::Ending;
+  if (!MoveTo(row, kCheckingColumn) || grid_.Text() == kCheckingDisabled) return LoopState::Running;
+  grid_.SetCol(kAddressColumn);
+  const std::string address = grid_.Text();
+  const std::string answer = probe_.CheckServerConnection(address);
+  if (eventLoop_.PumpEvents() == LoopState::Ending) return LoopState::Ending;
+  if (!MoveTo(row, kLampColumn)) return LoopState::Running;
+  if (ReadsAsNumber(answer)) {
+    WriteOnline(answer);
+  } else {
+    WriteOffline(answer);
+  }
+  return LoopState::Running;
+}
+
+bool CheckPass::MoveTo(RowBookmark row, int col) {
+  const auto number = grid_.RowOf(row);
+  if (!number) return false;
+  grid_.SetRow(*number);
+  grid_.SetCol(col);
+  return true;
+}
+
+void CheckPass::WriteOnline(const std::string& answer) {
+  grid_.SetCellBackColor(kGreen);
+  WriteCell(kStatusColumn, answer == "3389" ? "Online (RDP Response)" : "Online (Ping Response)");
+  WriteCell(kLastCheckedColumn, GeneralDateText(clock_.Now()));
+}
+
+void CheckPass::WriteOffline(const std::string& answer) {
+  grid_.SetCellBackColor(kRed);
+  WriteCell(kStatusColumn, "Offline (" + answer + ")");
+  WriteCell(kLastCheckedColumn, GeneralDateText(clock_.Now()));
+  grid_.SetCol(kNameColumn);
+  state_.FailedConnections.push_back(grid_.Text());
+}
+
+void CheckPass::WriteCell(int col, std::string text) {
+  grid_.SetCol(col);
+  grid_.SetText(std::move(text));
+}
+
+}  // namespace kestrava

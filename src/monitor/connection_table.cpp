@@ -1,0 +1,44 @@
+#include "monitor/connection_table.h"
+
+#include <limits>
+
+#include "platform/flex_grid.h"
+#include "platform/runtime_error.h"
+
+namespace kestrava {
+
+namespace {
+
+struct ColumnSpec {
+  const char* heading;
+  std::int32_t width;  ///< in twips
+};
+
+constexpr ColumnSpec kColumns[kColumnCount] = {
+    {"", 200},        {"Connection Name", 2600}, {"Address", 1500},
+    {"Status", 2100}, {"Checking", 1200},        {"Last Checked", 1800},
+};
+
+}  // namespace
+
+void ConnectionGridSetup(MSFlexGrid& grid) {
+  grid.SetColWidth(kLampColumn, kColumns[kLampColumn].width);
+  grid.SetCols(kColumnCount);
+  grid.SetRows(kHeadingRow + 1);
+  grid.SetRow(kHeadingRow);
+  for (std::int32_t col = kNameColumn; col < kColumnCount; ++col) {
+    grid.SetCol(col);
+    grid.SetColWidth(col, kColumns[col].width);
+    grid.SetText(kColumns[col].heading);
+  }
+}
+
+void AppendConnectionRow(MSFlexGrid& grid) {
+  if (grid.Rows() == std::numeric_limits<std::int32_t>::max()) {
+    throw RuntimeError(kErrorOverflow, "the table is full");
+  }
+  grid.SetRows(grid.Rows() + 1);
+  grid.SetRow(grid.Rows() - 1);
+}
+
+}  // namespace kestrava

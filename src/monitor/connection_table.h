@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+
+namespace kestrava {
+
+class MSFlexGrid;
+
+/// The columns of the connection table.
+enum Column : std::int32_t {
+  kLampColumn,  ///< no text; its background colour is the row's lamp
+  kNameColumn,
+  kAddressColumn,
+  kStatusColumn,
+  kCheckingColumn,
+  kLastCheckedColumn,
+  kColumnCount,
+};
+
+/// Row 0 holds the headings, each row from 1 on is one connection.
+inline constexpr std::int32_t kHeadingRow = 0;
+
+inline constexpr const char* kUnchecked = "Unchecked";
+inline constexpr const char* kCheckingEnabled = "Enabled";
+inline constexpr const char* kCheckingDisabled = "Disabled";
+
+/// Resets the table to its heading row and its column widths.
+void ConnectionGridSetup(MSFlexGrid& grid);
+
+/// Adds a row of empty cells at the bottom and makes it the current one.
+/// @throws RuntimeError (6) if the number of rows would no longer fit 32 bits.
+void AppendConnectionRow(MSFlexGrid& grid);
+
+}  // namespace kestrava

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "monitor/check_pass.h"
+#include "monitor/shared_state.h"
+#include "platform/flex_grid.h"
+#include "platform/form.h"
+#include "platform/platform.h"
+#include "probes/connection_probe.h"
+#include "probes/modPing.h"
+
+namespace kestrava {
+
+/// The main window, which is the program: it owns the table, the controls and the shared state, and
+/// its handlers are all that the program can be told to do.
+class frmMain : public Form {
+ public:
+  explicit frmMain(const Platform& platform);
+
+  MSFlexGrid grdServers{*this, "grdServers"};
+  Button cmdAdd{*this, "cmdAdd"};
+  Button cmdCheck{*this, "cmdCheck"};
+  Button cmdRemove{*this, "cmdRemove"};
+
+  MenuEntry mnufile{*this, "mnufile"};
+  MenuEntry mnuFileNew{*this, "mnuFileNew"};
+  MenuEntry mnuFileBrk1{*this, "mnuFileBrk1"};
+  MenuEntry mnuFileLoad{*this, "mnuFileLoad"};
+  MenuEntry mnuFileSave{*this, "mnuFileSave"};
+  MenuEntry mnuFileBrk2{*this, "mnuFileBrk2"};
+  MenuEntry mnuFileAuto{*this, "mnuFileAuto"};
+  MenuEntry mnuFileRestore{*this, "mnuFileRestore"};
+  MenuEntry mnuFileBrk3{*this, "mnuFileBrk3"};
+  MenuEntry mnuFileTray{*this, "mnuFileTray"};
+  MenuEntry mnuFileBrk4{*this, "mnuFileBrk4"};
+  MenuEntry mnuFileExit{*this, "mnuFileExit"};
+  MenuEntry mnuConn{*this, "mnuConn"};
+  MenuEntry mnuConnCreate{*this, "mnuConnCreate"};
+  MenuEntry mnuConnBrk1{*this, "mnuConnBrk1"};
+  MenuEntry mnuConnPref{*this, "mnuConnPref"};
+  MenuEntry mnuHelp{*this, "mnuHelp"};
+  MenuEntry mnuHelpCont{*this, "mnuHelpCont"};
+  MenuEntry mnuHelpBrk1{*this, "mnuHelpBrk1"};
+  MenuEntry mnuHelpAbout{*this, "mnuHelpAbout"};
+
+  const SharedState& State() const { return state_; }
+
+ private:
+  void Form_Load();
+  void cmdAdd_Click();
+  void cmdCheck_Click();
+  void mnuConnCreate_Click();
+  void mnuFileExit_Click();
+
+  /// A table without connections has nothing to check or to remove.
+  void ApplyButtonRule();
+
+  const Platform platform_;
+  SharedState state_;
+  modPing ping_;
+  ConnectionProbe probe_;
+  CheckPass checkPass_;
+};
+
+}  // namespace kestrava

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace kestrava {
+
+/// What the parts of the program share beside the table. `frmMain` owns the one copy.
+struct SharedState {
+  /// Names of the rows that failed in the latest check pass, in row order.
+  std::vector<std::string> FailedConnections;
+};
+
+}  // namespace kestrava

@@ -1,0 +1,25 @@
+#pragma once
+
+namespace kestrava {
+
+class Clock;
+class EventLoop;
+class IcmpService;
+class MessageBoxes;
+class MsRdpClient2;
+class WindowsSockets;
+class WindowSystem;
+
+/// All that the program is given of the outside. Only the main window sees the whole; it hands each
+/// piece below it the services that this piece may touch.
+struct Platform {
+  WindowSystem& windows;
+  EventLoop& eventLoop;
+  MessageBoxes& messageBoxes;
+  Clock& clock;
+  IcmpService& icmp;
+  WindowsSockets& sockets;
+  MsRdpClient2& rdp;
+};
+
+}  // namespace kestrava

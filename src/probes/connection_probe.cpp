@@ -1,0 +1,109 @@
+#include "probes/connection_probe.h"
+
+#include <cstdint>
+#include <string_view>
+
+#include "platform/event_loop.h"
+#include "platform/icmp.h"
+#include "platform/remote_desktop.h"
+#include "platform/runtime_error.h"
+#include "probes/echo_status_text.h"
+#include "probes/modPing.h"
+
+namespace kestrava {
+
+namespace {
+
+constexpr int kLowestDataSize = 1;
+constexpr int kNoReplyRoundTripTime = 10000;
+constexpr int kWaitBound = 150000;
+constexpr std::int16_t kConnected = 1;
+constexpr std::int16_t kNotConnected = 0;
+
+/// The words between the brackets: "11010   [ ip req timed out ]" gives "ip req timed out".
+std::string BareStatusText(const std::string& line) {
+  const std::size_t open = line.find('[');
+  const std::size_t close = line.find(']', open);
+  const std::string_view words = std::string_view(line).substr(open + 1, close - open - 1);
+  const std::size_t first = words.find_first_not_of(' ');
+  const std::size_t last = words.find_last_not_of(' ');
+  return std::string(words.substr(first, last - first + 1));
+}
+
+/// The Remote Desktop stage of one probe. `result` always holds the answer of that moment, so that
+/// an error leaves the right text behind.
+class RemoteDesktopStage {
+ public:
+  RemoteDesktopStage(MsRdpClient2& rdp, EventLoop& eventLoop, const std::string& address,
+                     std::string& result)
+      : rdp_(rdp), eventLoop_(eventLoop), address_(address), result_(result) {}
+
+  /// Lets go of whatever connection an earlier probe left behind, however long that takes.
+  LoopState DropEarlierConnection() {
+    if (rdp_.Connected() == kConnected) rdp_.Disconnect();
+    do {
+      if (eventLoop_.PumpEvents() == LoopState::Ending) return LoopState::Ending;
+    } while (rdp_.Connected() == kConnected);
+    return LoopState::Running;
+  }
+
+  void Attempt() {
+    rdp_.SetServer(address_);
+    rdp_.Connect();
+    if (WaitFor(kConnected) == LoopState::Ending) return;
+    if (rdp_.Connected() == kConnected) {
+      result_ = "3389";
+      rdp_.Disconnect();
+      // A drop that doesn't come about in what is left of the count is the next probe's business.
+      (void)WaitFor(kNotConnected);
+    } else {
+      result_ = "No Response";
+    }
+  }
+
+ private:
+  /// Pumps events until the control reads `state`, within the count that all waits of one probe
+  /// share.
+  LoopState WaitFor(std::int16_t state) {
+    while (waitCount_ < kWaitBound) {
+      if (eventLoop_.PumpEvents() == LoopState::Ending) return LoopState::Ending;
+      if (rdp_.Connected() == state) break;
+      ++waitCount_;
+    }
+    return LoopState::Running;
+  }
+
+  MsRdpClient2& rdp_;
+  EventLoop& eventLoop_;
+  const std::string& address_;
+  std::string& result_;
+  int waitCount_ = 0;
+};
+
+}  // namespace
+
+std::string ConnectionProbe::CheckServerConnection(const std::string& connAddress) {
+  std::string result;
+  RemoteDesktopStage stage(rdp_, eventLoop_, connAddress, result);
+  try {
+    try {
+      EchoReply reply{};
+      ping_.SendEchoRequest(connAddress, reply);
+      if (reply.DataSize >= kLowestDataSize) return std::to_string(reply.DataSize);
+      if (reply.RoundTripTime < kNoReplyRoundTripTime) return std::to_string(reply.RoundTripTime);
+      result = BareStatusText(EchoStatusText(reply.Status));
+      if (stage.DropEarlierConnection() == LoopState::Ending) return result;
+      stage.Attempt();
+    } catch (const RuntimeError& error) {
+      if (error.Number() != kErrorPeerDropped) return result;
+      // The peer dropped the connection: try once more, within the same count.
+      if (rdp_.Connected() == kConnected) rdp_.Disconnect();
+      stage.Attempt();
+    }
+  } catch (const RuntimeError&) {
+    // A further error: the text in hand is the answer.
+  }
+  return result;
+}
+
+}  // namespace kestrava

@@ -1,0 +1,62 @@
+#include "probes/socket_layer.h"
+
+#include <string>
+
+#include "platform/message_box.h"
+#include "platform/windows_sockets.h"
+
+namespace kestrava {
+
+namespace {
+
+constexpr std::uint16_t kVersion = 0x101;
+constexpr int kLowestMajor = 1;
+constexpr int kLowestMinor = 1;
+constexpr int kFewestSockets = 1;
+
+}  // namespace
+
+int WordHighByte(std::int16_t word) {
+  return (word / 256) & 0xFF;
+}
+
+int WordLowByte(std::int16_t word) {
+  return word & 0xFF;
+}
+
+bool SocketLayer::OpenSocketLayer() {
+  WSADATA data{};
+  if (sockets_.WSAStartup(kVersion, data) != 0) {
+    messageBoxes_.MsgBox(
+        "Windows Sockets for 32 bit Windows environments is not successfully responding.",
+        MessageIcon::None);
+    return false;
+  }
+  const auto version = static_cast<std::int16_t>(data.wVersion);
+  const int major = WordLowByte(version);
+  const int minor = WordHighByte(version);
+  if (major < kLowestMajor || (major == kLowestMajor && minor < kLowestMinor)) {
+    messageBoxes_.MsgBox(
+        "Windows Sockets Version " + std::to_string(major) + "." + std::to_string(minor) +
+            " is not supported by Windows Sockets for 32 bit Windows environments.",
+        MessageIcon::Exclamation);
+    return false;
+  }
+  if (data.iMaxSockets < kFewestSockets) {
+    messageBoxes_.MsgBox("This application requires a minimum of " +
+                             std::to_string(kFewestSockets) + " supported sockets.",
+                         MessageIcon::Exclamation);
+    return false;
+  }
+  return true;
+}
+
+bool SocketLayer::CloseSocketLayer() {
+  const int result = sockets_.WSACleanup();
+  if (result == 0) return true;
+  messageBoxes_.MsgBox("Windows Sockets error " + std::to_string(result) + " occurred in Cleanup.",
+                       MessageIcon::Exclamation);
+  return false;
+}
+
+}  // namespace kestrava

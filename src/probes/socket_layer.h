@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+
+namespace kestrava {
+
+class MessageBoxes;
+class WindowsSockets;
+
+/// The high byte of a word: the number divided by 256, truncated toward zero, low 8 bits kept.
+int WordHighByte(std::int16_t word);
+/// The low 8 bits of a word.
+int WordLowByte(std::int16_t word);
+
+/// The system's socket layer, up for the length of one echo. Every failure shows its message and
+/// has no other effect.
+class SocketLayer {
+ public:
+  SocketLayer(WindowsSockets& sockets, MessageBoxes& messageBoxes)
+      : sockets_(sockets), messageBoxes_(messageBoxes) {}
+
+  /// True if the layer is up and good enough: version 1.1 or later, and at least one socket.
+  bool OpenSocketLayer();
+
+  /// True if the layer was closed without complaint.
+  bool CloseSocketLayer();
+
+ private:
+  WindowsSockets& sockets_;
+  MessageBoxes& messageBoxes_;
+};
+
+}  // namespace kestrava
