@@ -1,0 +1,219 @@
+#pragma once
+
+#include <algorithm>
+#include <chrono>
+#include <deque>
+#include <functional>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "editing/frmNewConn.h"
+#include "monitor/frmMain.h"
+#include "platform/clock.h"
+#include "platform/event_loop.h"
+#include "platform/icmp.h"
+#include "platform/message_box.h"
+#include "platform/remote_desktop.h"
+#include "platform/runtime_error.h"
+#include "platform/window_system.h"
+#include "platform/windows_sockets.h"
+
+namespace kestrava::test {
+
+/// What the user does in one turn of the event loop, or in a modal wait.
+using Act = std::function<void()>;
+
+/// Windows, message boxes and the event loop without a screen. A scripted user acts in the turns.
+class MemoryDesktop : public WindowSystem, public EventLoop, public MessageBoxes {
+ public:
+  void Load(Form& form) override {
+    loaded.insert(&form);
+    form.Load.Raise();
+  }
+  void Show(Form& form) override { form.SetVisible(true); }
+  void ShowModal(Form& form) override {
+    form.SetVisible(true);
+    if (!dialogs.empty()) {
+      const auto act = std::move(dialogs.front());
+      dialogs.pop_front();
+      act(form);
+    }
+    form.SetVisible(false);
+  }
+  void Unload(Form& form) override {
+    if (loaded.erase(&form) == 0) return;
+    form.Unload.Raise();
+    form.SetVisible(false);
+    if (form.Spec().style == FormStyle::MainWindow) ended = true;
+  }
+  TwipSize ScreenSize(const Form&) const override { return {15360, 11520}; }
+  TwipSize OuterSize(const Form& form) const override {
+    return {form.Spec().width + 90, form.Spec().height + 375};
+  }
+
+  LoopState PumpEvents() override {
+    ++turns;
+    if (ended) return LoopState::Ending;
+    if (onTurn) onTurn();
+    return ended ? LoopState::Ending : LoopState::Running;
+  }
+
+  void MsgBox(const std::string& text, MessageIcon icon) override { boxes.push_back({text, icon}); }
+  YesNo AskYesNo(const std::string& text, const std::string& title) override {
+    questions.push_back(title + ": " + text);
+    return answer;
+  }
+
+  std::set<Form*> loaded;
+  std::deque<std::function<void(Form&)>> dialogs;  ///< what the user does in each dialog to come
+  std::vector<std::pair<std::string, MessageIcon>> boxes;
+  std::vector<std::string> questions;
+  YesNo answer = YesNo::Yes;
+  Act onTurn;
+  long turns = 0;
+  bool ended = false;
+};
+
+/// How one machine behaves.
+struct Machine {
+  std::int16_t dataSize = 0;
+  std::int32_t roundTripTime = 10000;
+  std::int32_t status = kEchoTimedOut;
+  int connectsAfter = -1;  ///< turns until a Remote Desktop connect stands; -1 for never
+  int dropsBefore = 0;     ///< attempts that end in the error of a dropped connection
+  int connectError = 0;    ///< number of the error that `Connect` raises, 0 for none
+  bool lingers = false;    ///< a dropped connection stays up until the count is used up
+};
+
+inline constexpr Machine kAnswering{.dataSize = 9, .roundTripTime = 1, .status = 0};
+inline constexpr Machine kSilent{};
+
+/// A scripted network: the echo service, the socket layer and the Remote Desktop control.
+class MemoryNetwork : public IcmpService, public WindowsSockets, public MsRdpClient2 {
+ public:
+  explicit MemoryNetwork(const MemoryDesktop& desktop) : desktop_(desktop) {}
+
+  IcmpHandle IcmpCreateFile() override { return Log("create"), 77; }
+  std::uint32_t IcmpSendEcho(IcmpHandle, std::int32_t address, std::string_view data,
+                             const IpOptionInformation* options, EchoReply& reply,
+                             std::uint32_t replySize, std::uint32_t timeout) override {
+    Log("echo " + std::string(data) + " " + std::to_string(timeout) + " " +
+        std::to_string(replySize) + (options ? " options" : ""));
+    if (onEcho) onEcho();
+    const Machine& machine = At(AddressText(address));
+    reply.DataSize = machine.dataSize;
+    reply.RoundTripTime = machine.roundTripTime;
+    reply.Status = machine.status;
+    return machine.dataSize > 0 ? 1 : 0;
+  }
+  bool IcmpCloseHandle(IcmpHandle handle) override {
+    Log("close " + std::to_string(handle));
+    return true;
+  }
+
+  int WSAStartup(std::uint16_t version, WSADATA& data) override {
+    Log("start " + std::to_string(version));
+    data.wVersion = socketVersion;
+    data.iMaxSockets = maxSockets;
+    return startResult;
+  }
+  int WSACleanup() override { return Log("cleanup"), cleanupResult; }
+
+  std::int16_t Connected() override {
+    if (dropPending_) {
+      dropPending_ = false;
+      state_ = 0;
+      throw RuntimeError(kErrorPeerDropped, "the peer dropped the connection");
+    }
+    if (state_ == 2 && desktop_.turns >= connectTurn_) state_ = 1;
+    if (state_ == 3 && !lingers_) state_ = 0;
+    return state_;
+  }
+  void SetServer(const std::string& server) override { server_ = server; }
+  void Connect() override {
+    Machine& machine = At(server_);
+    attempts.push_back(server_);
+    if (machine.connectError != 0) throw RuntimeError(machine.connectError, "refused to connect");
+    dropPending_ = machine.dropsBefore > 0 && machine.dropsBefore-- > 0;
+    state_ = machine.connectsAfter < 0 ? 0 : 2;
+    lingers_ = machine.lingers;
+    connectTurn_ = desktop_.turns + machine.connectsAfter;
+  }
+  void Disconnect() override {
+    ++disconnects;
+    state_ = 3;
+  }
+
+  Machine& At(const std::string& address) { return machines[address]; }
+
+  std::map<std::string, Machine> machines;  ///< by dotted address; one not named here is silent
+  std::vector<std::string> calls;           ///< of the echo service and the socket layer, in order
+  std::vector<std::string> attempts;        ///< servers that `Connect` was asked for
+  int disconnects = 0;
+  Act onEcho;
+  std::uint16_t socketVersion = 0x101;
+  std::int16_t maxSockets = 1024;
+  int startResult = 0;
+  int cleanupResult = 0;
+
+  static std::string AddressText(std::int32_t address) {
+    std::string text;
+    for (int part = 0; part < 4; ++part) {
+      text += (part ? "." : "") +
+              std::to_string(static_cast<std::uint32_t>(address) >> (8 * part) & 0xFF);
+    }
+    return text;
+  }
+
+ private:
+  void Log(std::string call) {
+    if (calls.size() < 100) calls.push_back(std::move(call));
+  }
+
+  const MemoryDesktop& desktop_;
+  std::string server_;
+  std::int16_t state_ = 0;  // 3 stands for a connection that is being dropped
+  long connectTurn_ = 0;
+  bool dropPending_ = false;
+  bool lingers_ = false;
+};
+
+class TestClock : public Clock {
+ public:
+  std::chrono::local_seconds Now() const override { return now; }
+
+  std::chrono::local_seconds now{std::chrono::local_days{std::chrono::year{2026} / 3 / 9} +
+                                 std::chrono::hours{14}};
+};
+
+/// The real main window on the in-memory desktop.
+struct Scenario {
+  MemoryDesktop desktop;
+  MemoryNetwork network{desktop};
+  TestClock clock;
+  frmMain window{Platform{desktop, desktop, desktop, clock, network, network, network}};
+
+  Scenario() {
+    desktop.Load(window);
+    desktop.Show(window);
+  }
+
+  std::string Cell(int row, int col) const { return window.grdServers.TextAt(row, col); }
+  Color Lamp(int row) const { return window.grdServers.BackColorAt(row, 0); }
+
+  /// Adds a row through the add dialog, as a user does.
+  void Add(const std::string& name, const std::string& address) {
+    desktop.dialogs.push_back([=](Form& form) {
+      auto& dialog = dynamic_cast<frmNewConn&>(form);
+      dialog.txtName.SetText(name);
+      dialog.txtAddress.SetText(address);
+      dialog.cmdSave.Press();
+    });
+    window.cmdAdd.Press();
+  }
+};
+
+}  // namespace kestrava::test
