@@ -29,6 +29,7 @@ constexpr FormSpec kForm = {
     .height = 1770,
     .controls = kControls,
     .menu = {},
+    .timers = {},
     .defaultButton = "cmdSave",
     .cancelButton = "cmdCancel",
 };
@@ -42,9 +43,7 @@ frmNewConn::frmNewConn(const WindowSystem& windows, MessageBoxes& messageBoxes)
   cmdCancel.Click.Connect([this] { cmdCancel_Click(); });
 }
 
-void frmNewConn::Form_Load() {
-  CenterForm(*this, windows_);
-}
+void frmNewConn::Form_Load() { CenterForm(*this, windows_); }
 
 void frmNewConn::cmdSave_Click() {
   if (txtName.Text().empty()) return Refuse("Connection Name Cannot be Left Blank");
@@ -59,8 +58,6 @@ void frmNewConn::cmdCancel_Click() {
   SetVisible(false);
 }
 
-void frmNewConn::Refuse(const char* message) {
-  messageBoxes_.MsgBox(message, MessageIcon::Stop);
-}
+void frmNewConn::Refuse(const char* message) { messageBoxes_.MsgBox(message, MessageIcon::Stop); }
 
 }  // namespace kestrava

@@ -21,9 +21,7 @@ std::string_view WithoutPlus(std::string_view text) {
   return text;
 }
 
-bool IsDigit(char character) {
-  return character >= '0' && character <= '9';
-}
+bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
 }  // namespace
 

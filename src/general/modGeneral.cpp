@@ -14,8 +14,6 @@ void CenterForm(Form& window, const WindowSystem& windows) {
   window.SetTop(screen.height / 2 - outer.height / 2);
 }
 
-bool IsDottedAddress(std::string_view address) {
-  return std::ranges::count(address, '.') == 3;
-}
+bool IsDottedAddress(std::string_view address) { return std::ranges::count(address, '.') == 3; }
 
 }  // namespace kestrava

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "monitor/check_pass.h"
+#include "monitor/check_schedule.h"
 #include "monitor/shared_state.h"
 #include "platform/flex_grid.h"
 #include "platform/form.h"
@@ -20,6 +21,8 @@ class frmMain : public Form {
   Button cmdAdd{*this, "cmdAdd"};
   Button cmdCheck{*this, "cmdCheck"};
   Button cmdRemove{*this, "cmdRemove"};
+
+  Timer tmrCheck{*this, "tmrCheck"};
 
   MenuEntry mnufile{*this, "mnufile"};
   MenuEntry mnuFileNew{*this, "mnuFileNew"};
@@ -46,10 +49,14 @@ class frmMain : public Form {
 
  private:
   void Form_Load();
+  void Form_Unload();
   void cmdAdd_Click();
   void cmdCheck_Click();
-  void mnuConnCreate_Click();
+  void tmrCheck_Timer();
+  void mnuFileAuto_Click();
   void mnuFileExit_Click();
+  void mnuConnCreate_Click();
+  void mnuConnPref_Click();
 
   /// A table without connections has nothing to check or to remove.
   void ApplyButtonRule();
@@ -59,6 +66,7 @@ class frmMain : public Form {
   modPing ping_;
   ConnectionProbe probe_;
   CheckPass checkPass_;
+  CheckSchedule schedule_;
 };
 
 }  // namespace kestrava

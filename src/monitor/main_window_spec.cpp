@@ -40,6 +40,11 @@ constexpr MenuSpec kMenu[] = {
     {"mnuHelpBrk1",    Separator, "",                               "",   true},
     {"mnuHelpAbout",   Entry,     "&About",                         "F2", true},
 };
+
+constexpr TimerSpec kTimers[] = {
+    // name      interval  enabled
+    {"tmrCheck", 60000,    true},
+};
 // clang-format on
 
 }  // namespace
@@ -52,6 +57,7 @@ constinit const FormSpec kMainWindowSpec = {
     .height = 5445,
     .controls = kControls,
     .menu = kMenu,
+    .timers = kTimers,
     .defaultButton = "",
     .cancelButton = "",
 };

@@ -8,7 +8,7 @@ namespace kestrava {
 
 class Form;
 
-enum class ControlKind { Grid, Button, Label, TextBox, RemoteDesktop };
+enum class ControlKind { Grid, Button, Label, TextBox, CheckBox, RemoteDesktop };
 
 /// One line of a window's table of controls. Places and sizes are in twips (1/1440 inch) from the
 /// top left corner of the window's inner area.
@@ -36,9 +36,13 @@ class Control : public Observable {
   bool Enabled() const { return enabled_; }
   void SetEnabled(bool enabled) { Change(enabled_, enabled); }
 
+  bool Visible() const { return visible_; }
+  void SetVisible(bool visible) { Change(visible_, visible); }
+
  private:
   const ControlSpec& spec_;
   bool enabled_ = true;
+  bool visible_ = true;
 };
 
 class Label : public Control {
@@ -67,6 +71,17 @@ class TextBox : public Control {
 
  private:
   std::string text_;
+};
+
+class CheckBox : public Control {
+ public:
+  CheckBox(Form& form, const char* name) : Control(form, name, ControlKind::CheckBox) {}
+
+  bool Checked() const { return checked_; }
+  void SetChecked(bool checked) { Change(checked_, checked); }
+
+ private:
+  bool checked_ = false;
 };
 
 }  // namespace kestrava

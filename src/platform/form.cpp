@@ -7,6 +7,25 @@
 
 namespace kestrava {
 
+namespace {
+
+template <typename Spec, typename Condition>
+const Spec& LineOf(std::span<const Spec> table, std::string_view name, Condition condition) {
+  const auto found = std::ranges::find_if(
+      table, [&](const Spec& line) { return line.name == name && condition(line); });
+  if (found == table.end()) {
+    throw RuntimeError(kErrorInvalidCall, "not in the window's tables: " + std::string(name));
+  }
+  return *found;
+}
+
+template <typename Spec>
+const Spec& LineOf(std::span<const Spec> table, std::string_view name) {
+  return LineOf(table, name, [](const Spec&) { return true; });
+}
+
+}  // namespace
+
 void Form::SetLeft(int left) {
   left_ = left;
   leftSet_ = true;
@@ -20,21 +39,15 @@ void Form::SetTop(int top) {
 }
 
 const ControlSpec& Form::SpecOfControl(std::string_view name, ControlKind kind) const {
-  const auto found = std::ranges::find_if(spec_.controls, [&](const ControlSpec& line) {
-    return line.name == name && line.kind == kind;
-  });
-  if (found == spec_.controls.end()) {
-    throw RuntimeError(kErrorInvalidCall, "no such control: " + std::string(name));
-  }
-  return *found;
+  return LineOf(spec_.controls, name, [&](const ControlSpec& line) { return line.kind == kind; });
 }
 
 const MenuSpec& Form::SpecOfMenuEntry(std::string_view name) const {
-  const auto found = std::ranges::find(spec_.menu, name, &MenuSpec::name);
-  if (found == spec_.menu.end()) {
-    throw RuntimeError(kErrorInvalidCall, "no such menu entry: " + std::string(name));
-  }
-  return *found;
+  return LineOf(spec_.menu, name);
+}
+
+const TimerSpec& Form::SpecOfTimer(std::string_view name) const {
+  return LineOf(spec_.timers, name);
 }
 
 }  // namespace kestrava

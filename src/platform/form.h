@@ -7,12 +7,14 @@
 #include "platform/control.h"
 #include "platform/event.h"
 #include "platform/menu.h"
+#include "platform/timer.h"
 
 namespace kestrava {
 
 enum class FormStyle {
-  MainWindow,  ///< fixed size, minimise button, no maximise button, an icon of its own
-  ToolWindow,  ///< fixed size, neither minimise nor maximise button
+  MainWindow,              ///< fixed size, minimise button, no maximise button, an icon of its own
+  ToolWindow,              ///< fixed size, neither minimise nor maximise button
+  ToolWindowWithoutClose,  ///< the same without a close box: its buttons are the only ways out
 };
 
 enum class MousePointer { Default, Busy };
@@ -26,6 +28,7 @@ struct FormSpec {
   int height;  ///< the same
   std::span<const ControlSpec> controls;
   std::span<const MenuSpec> menu;
+  std::span<const TimerSpec> timers;
   const char* defaultButton;  ///< the button that Enter presses, or empty
   const char* cancelButton;   ///< the button that Esc presses, or empty
 };
@@ -40,6 +43,7 @@ class Form : public Observable {
   const FormSpec& Spec() const { return spec_; }
   const std::vector<Control*>& Controls() const { return controls_; }
   const std::vector<MenuEntry*>& Menu() const { return menu_; }
+  const std::vector<Timer*>& Timers() const { return timers_; }
 
   /// The outer window's place on the screen, in twips. `Placed` is false until both were set; such
   /// a window opens where the window system puts it.
@@ -64,15 +68,19 @@ class Form : public Observable {
  private:
   friend Control::Control(Form&, const char*, ControlKind);
   friend MenuEntry::MenuEntry(Form&, const char*);
+  friend Timer::Timer(Form&, const char*);
 
   const ControlSpec& SpecOfControl(std::string_view name, ControlKind kind) const;
   const MenuSpec& SpecOfMenuEntry(std::string_view name) const;
+  const TimerSpec& SpecOfTimer(std::string_view name) const;
   void Join(Control& control) { controls_.push_back(&control); }
   void Join(MenuEntry& entry) { menu_.push_back(&entry); }
+  void Join(Timer& timer) { timers_.push_back(&timer); }
 
   const FormSpec& spec_;
   std::vector<Control*> controls_;
   std::vector<MenuEntry*> menu_;
+  std::vector<Timer*> timers_;
   int left_ = 0;
   int top_ = 0;
   bool leftSet_ = false;

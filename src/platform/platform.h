@@ -7,6 +7,7 @@ class EventLoop;
 class IcmpService;
 class MessageBoxes;
 class MsRdpClient2;
+class SettingsStore;
 class WindowsSockets;
 class WindowSystem;
 
@@ -20,6 +21,7 @@ struct Platform {
   IcmpService& icmp;
   WindowsSockets& sockets;
   MsRdpClient2& rdp;
+  SettingsStore& settings;
 };
 
 }  // namespace kestrava

@@ -16,13 +16,9 @@ constexpr int kFewestSockets = 1;
 
 }  // namespace
 
-int WordHighByte(std::int16_t word) {
-  return (word / 256) & 0xFF;
-}
+int WordHighByte(std::int16_t word) { return (word / 256) & 0xFF; }
 
-int WordLowByte(std::int16_t word) {
-  return word & 0xFF;
-}
+int WordLowByte(std::int16_t word) { return word & 0xFF; }
 
 bool SocketLayer::OpenSocketLayer() {
   WSADATA data{};

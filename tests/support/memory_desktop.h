@@ -18,6 +18,7 @@
 #include "platform/message_box.h"
 #include "platform/remote_desktop.h"
 #include "platform/runtime_error.h"
+#include "platform/settings_store.h"
 #include "platform/window_system.h"
 #include "platform/windows_sockets.h"
 
@@ -189,14 +190,37 @@ class TestClock : public Clock {
                                  std::chrono::hours{14}};
 };
 
+/// Texts by their keys.
+using StoredSettings = std::map<std::string, std::string>;
+
+class MemorySettings : public SettingsStore {
+ public:
+  std::string ReadSetting(const std::string& section, const std::string& key,
+                          const std::string& defaultValue) override {
+    const auto found = values.find(section + "/" + key);
+    return found == values.end() ? defaultValue : found->second;
+  }
+  void WriteSetting(const std::string& section, const std::string& key,
+                    const std::string& value) override {
+    values[section + "/" + key] = value;
+    writes.push_back(key + "=" + value);
+  }
+
+  std::map<std::string, std::string> values;
+  std::vector<std::string> writes;
+};
+
 /// The real main window on the in-memory desktop.
 struct Scenario {
   MemoryDesktop desktop;
   MemoryNetwork network{desktop};
   TestClock clock;
-  frmMain window{Platform{desktop, desktop, desktop, clock, network, network, network}};
+  MemorySettings settings;
+  frmMain window{Platform{desktop, desktop, desktop, clock, network, network, network, settings}};
 
-  Scenario() {
+  /// @param stored the settings that an earlier run left behind, by key.
+  explicit Scenario(const StoredSettings& stored = {}) {
+    for (const auto& [key, value] : stored) settings.values["Preferences/" + key] = value;
     desktop.Load(window);
     desktop.Show(window);
   }

@@ -1,0 +1,36 @@
+#include "monitor/check_schedule.h"
+
+#include <chrono>
+#include <string>
+
+#include "monitor/shared_state.h"
+#include "platform/clock.h"
+
+namespace kestrava {
+
+namespace {
+
+std::string TwoDigits(std::chrono::hours::rep number) {
+  return {static_cast<char>('0' + number / 10), static_cast<char>('0' + number % 10)};
+}
+
+/// The 24-hour clock as "hh:mm".
+std::string ClockText(std::chrono::local_seconds moment) {
+  const std::chrono::hh_mm_ss time(moment - std::chrono::floor<std::chrono::days>(moment));
+  return TwoDigits(time.hours().count()) + ":" + TwoDigits(time.minutes().count());
+}
+
+}  // namespace
+
+void CheckSchedule::SetInterval(std::int32_t minutes) {
+  state_.CheckInterval = minutes;
+  SetNextCheckTime();
+}
+
+bool CheckSchedule::IsDue() const { return ClockText(clock_.Now()) == state_.NextCheckTime; }
+
+void CheckSchedule::SetNextCheckTime() {
+  state_.NextCheckTime = ClockText(clock_.Now() + std::chrono::minutes(state_.CheckInterval));
+}
+
+}  // namespace kestrava
