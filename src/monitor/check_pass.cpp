@@ -37,8 +37,8 @@ class RunningMark {
 
 }  // namespace
 
-void CheckPass::Run() {
-  if (running_) return;
+PassResult CheckPass::Run() {
+  if (running_) return PassResult::NotRun;
   const RunningMark mark(running_, window_);
   state_.FailedConnections.clear();
   const RowBookmark last = grid_.Bookmark(grid_.Rows() - 1);
@@ -46,9 +46,10 @@ void CheckPass::Run() {
   while (next < grid_.Rows()) {
     const RowBookmark row = grid_.Bookmark(next);
     if (row > last) break;
-    if (CheckRow(row) == LoopState::Ending) return;
+    if (CheckRow(row) == LoopState::Ending) return PassResult::NotRun;
     next = grid_.RowBehind(row);
   }
+  return PassResult::Completed;
 }
 
 LoopState CheckPass::CheckRow(RowBookmark row) {

@@ -13,6 +13,11 @@ struct RowBookmark;
 struct SharedState;
 enum class LoopState;
 
+enum class PassResult {
+  Completed,
+  NotRun,  ///< another pass is under way, or the program is ending
+};
+
 /// One walk over the connection table: every row's address is tested and the outcome written into
 /// that row. Events are delivered meanwhile, so rows may come and go; the pass keeps to the rows
 /// that stood in the table when it began.
@@ -28,8 +33,8 @@ class CheckPass {
         window_(window),
         state_(state) {}
 
-  /// Runs a pass to its end. Does nothing while one is under way.
-  void Run();
+  /// Runs a pass to its end, unless one is under way already.
+  PassResult Run();
 
  private:
   LoopState CheckRow(RowBookmark row);

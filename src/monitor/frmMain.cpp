@@ -4,11 +4,19 @@
 #include "general/modGeneral.h"
 #include "monitor/connection_table.h"
 #include "monitor/main_window_spec.h"
+#include "platform/notification_area.h"
 #include "platform/window_system.h"
 #include "settings/edit_preferences.h"
 #include "settings/preferences.h"
+#include "tray/failure_report.h"
 
 namespace kestrava {
+
+namespace {
+
+constexpr int kBalloonMilliseconds = 5000;
+
+}  // namespace
 
 frmMain::frmMain(const Platform& platform)
     : Form(kMainWindowSpec),
@@ -16,20 +24,26 @@ frmMain::frmMain(const Platform& platform)
       ping_(platform.icmp, platform.sockets, platform.messageBoxes),
       probe_(ping_, platform.rdp, platform.eventLoop),
       checkPass_(grdServers, probe_, platform.eventLoop, platform.clock, *this, state_),
-      schedule_(platform.clock, state_) {
+      schedule_(platform.clock, state_),
+      trayMessages_(*this, mnufile, mnuFileRestore, platform.messages, state_,
+                    [this] { RestoreWindow(); }),
+      icon_(platform.notificationArea, platform.versions, trayMessages_) {
   Load.Connect([this] { Form_Load(); });
+  Resize.Connect([this] { Form_Resize(); });
   Unload.Connect([this] { Form_Unload(); });
   cmdAdd.Click.Connect([this] { cmdAdd_Click(); });
   cmdCheck.Click.Connect([this] { cmdCheck_Click(); });
   tmrCheck.Tick.Connect([this] { tmrCheck_Timer(); });
+  tmrBalloon.Tick.Connect([this] { tmrBalloon_Timer(); });
   mnuFileAuto.Click.Connect([this] { mnuFileAuto_Click(); });
+  mnuFileRestore.Click.Connect([this] { mnuFileRestore_Click(); });
+  mnuFileTray.Click.Connect([this] { mnuFileTray_Click(); });
   mnuFileExit.Click.Connect([this] { mnuFileExit_Click(); });
   mnuConnCreate.Click.Connect([this] { mnuConnCreate_Click(); });
   mnuConnPref.Click.Connect([this] { mnuConnPref_Click(); });
 
   // Entries that have no command yet.
-  for (MenuEntry* entry :
-       {&mnuFileNew, &mnuFileLoad, &mnuFileSave, &mnuFileTray, &mnuHelpCont, &mnuHelpAbout}) {
+  for (MenuEntry* entry : {&mnuFileNew, &mnuFileLoad, &mnuFileSave, &mnuHelpCont, &mnuHelpAbout}) {
     entry->SetEnabled(false);
   }
 }
@@ -37,16 +51,26 @@ frmMain::frmMain(const Platform& platform)
 void frmMain::Form_Load() {
   CenterForm(*this, platform_.windows);
   ConnectionGridSetup(grdServers);
+  state_.InTray = false;
+  icon_.TrayIconAdd();
   mnuFileAuto.SetChecked(ReadBoolean(platform_.settings, kAutoLoadList));
   state_.LastListFile = ReadText(platform_.settings, kLastListFile);
   schedule_.SetInterval(ReadMinutes(platform_.settings, kInterval));
+  state_.ShowBalloons = ReadBoolean(platform_.settings, kTips);
+  if (ReadsOne(platform_.settings, kTray)) mnuFileTray_Click();
   ApplyButtonRule();
+}
+
+void frmMain::Form_Resize() {
+  if (WindowState() == WindowState::Minimized) mnuFileTray_Click();
 }
 
 void frmMain::Form_Unload() {
   if (!state_.LastListFile.empty()) {
     WriteText(platform_.settings, kLastListFile, state_.LastListFile);
   }
+  icon_.TrayIconRemove();
+  trayMessages_.UnhookTrayMessages(trayMessages_.Handle());
 }
 
 void frmMain::cmdAdd_Click() {
@@ -54,7 +78,9 @@ void frmMain::cmdAdd_Click() {
   ApplyButtonRule();
 }
 
-void frmMain::cmdCheck_Click() { checkPass_.Run(); }
+void frmMain::cmdCheck_Click() {
+  if (checkPass_.Run() == PassResult::Completed) ReportFailures();
+}
 
 void frmMain::tmrCheck_Timer() {
   if (!schedule_.IsDue()) return;
@@ -62,9 +88,30 @@ void frmMain::tmrCheck_Timer() {
   schedule_.SetNextCheckTime();
 }
 
+void frmMain::tmrBalloon_Timer() {
+  icon_.TrayBalloonHide(trayMessages_.Handle());
+  tmrBalloon.SetEnabled(false);
+  tmrBalloon.SetInterval(kBalloonMilliseconds);
+}
+
 void frmMain::mnuFileAuto_Click() {
   mnuFileAuto.SetChecked(!mnuFileAuto.Checked());
   WriteFlag(platform_.settings, kAutoLoadList, mnuFileAuto.Checked());
+}
+
+void frmMain::mnuFileRestore_Click() {
+  ShowWindowEntries(true);
+  mnuFileRestore.SetVisible(false);
+  SetWindowState(WindowState::Normal);
+  SetVisible(true);
+  state_.InTray = false;
+}
+
+void frmMain::mnuFileTray_Click() {
+  ShowWindowEntries(false);
+  mnuFileRestore.SetVisible(true);
+  SetVisible(false);
+  state_.InTray = true;
 }
 
 void frmMain::mnuFileExit_Click() { platform_.windows.Unload(*this); }
@@ -75,10 +122,27 @@ void frmMain::mnuConnPref_Click() {
   EditPreferences(platform_.windows, platform_.messageBoxes, platform_.settings, schedule_);
 }
 
+void frmMain::RestoreWindow() { mnuFileRestore_Click(); }
+
 void frmMain::ApplyButtonRule() {
   const bool hasConnections = grdServers.Rows() > 1;
   cmdCheck.SetEnabled(hasConnections);
   cmdRemove.SetEnabled(hasConnections);
+}
+
+void frmMain::ReportFailures() {
+  if (!state_.InTray || !state_.ShowBalloons) return;
+  state_.BalloonAction = kShowMain;
+  if (state_.FailedConnections.empty()) return;
+  icon_.TrayBalloonShow(NIIF_USER, Spec().caption, FailureReport(state_.FailedConnections));
+  tmrBalloon.SetEnabled(true);
+}
+
+void frmMain::ShowWindowEntries(bool visible) {
+  for (MenuEntry* entry : {&mnuFileAuto, &mnuFileBrk1, &mnuFileBrk2, &mnuFileBrk3, &mnuFileLoad,
+                           &mnuFileNew, &mnuFileSave, &mnuFileTray}) {
+    entry->SetVisible(visible);
+  }
 }
 
 }  // namespace kestrava

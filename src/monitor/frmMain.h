@@ -8,6 +8,8 @@
 #include "platform/platform.h"
 #include "probes/connection_probe.h"
 #include "probes/modPing.h"
+#include "tray/notification_icon.h"
+#include "tray/tray_messages.h"
 
 namespace kestrava {
 
@@ -23,6 +25,7 @@ class frmMain : public Form {
   Button cmdRemove{*this, "cmdRemove"};
 
   Timer tmrCheck{*this, "tmrCheck"};
+  Timer tmrBalloon{*this, "tmrBalloon"};
 
   MenuEntry mnufile{*this, "mnufile"};
   MenuEntry mnuFileNew{*this, "mnuFileNew"};
@@ -47,19 +50,30 @@ class frmMain : public Form {
 
   const SharedState& State() const { return state_; }
 
+  /// Brings the window back from the notification area.
+  void RestoreWindow();
+
  private:
   void Form_Load();
+  void Form_Resize();
   void Form_Unload();
   void cmdAdd_Click();
   void cmdCheck_Click();
   void tmrCheck_Timer();
+  void tmrBalloon_Timer();
   void mnuFileAuto_Click();
+  void mnuFileRestore_Click();
+  void mnuFileTray_Click();
   void mnuFileExit_Click();
   void mnuConnCreate_Click();
   void mnuConnPref_Click();
 
   /// A table without connections has nothing to check or to remove.
   void ApplyButtonRule();
+  /// Out of sight, a pass tells its failures in a balloon.
+  void ReportFailures();
+  /// The File menu shrinks to what makes sense at the icon, or is whole again.
+  void ShowWindowEntries(bool visible);
 
   const Platform platform_;
   SharedState state_;
@@ -67,6 +81,8 @@ class frmMain : public Form {
   ConnectionProbe probe_;
   CheckPass checkPass_;
   CheckSchedule schedule_;
+  TrayMessages trayMessages_;
+  NotificationIcon icon_;
 };
 
 }  // namespace kestrava

@@ -42,8 +42,9 @@ constexpr MenuSpec kMenu[] = {
 };
 
 constexpr TimerSpec kTimers[] = {
-    // name      interval  enabled
-    {"tmrCheck", 60000,    true},
+    // name       interval enabled
+    {"tmrCheck",   60000,  true},
+    {"tmrBalloon",  5000,  false},
 };
 // clang-format on
 

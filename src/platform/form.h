@@ -17,6 +17,8 @@ enum class FormStyle {
   ToolWindowWithoutClose,  ///< the same without a close box: its buttons are the only ways out
 };
 
+enum class WindowState { Normal, Minimized };
+
 enum class MousePointer { Default, Busy };
 
 /// A window as data.
@@ -57,6 +59,10 @@ class Form : public Observable {
   bool Visible() const { return visible_; }
   void SetVisible(bool visible) { Change(visible_, visible); }
 
+  /// The desktop sets it when the user minimises or restores the window, and raises `Resize`.
+  enum WindowState WindowState() const { return windowState_; }
+  void SetWindowState(enum WindowState state) { Change(windowState_, state); }
+
   MousePointer Pointer() const { return pointer_; }
   void SetPointer(MousePointer pointer) { Change(pointer_, pointer); }
 
@@ -64,6 +70,8 @@ class Form : public Observable {
   Event Load;
   /// Raised by the window system just before the window goes. Nothing can refuse it.
   Event Unload;
+  /// Raised by the desktop when the window was minimised or came back from that.
+  Event Resize;
 
  private:
   friend Control::Control(Form&, const char*, ControlKind);
@@ -86,6 +94,7 @@ class Form : public Observable {
   bool leftSet_ = false;
   bool topSet_ = false;
   bool visible_ = false;
+  enum WindowState windowState_ = WindowState::Normal;
   MousePointer pointer_ = MousePointer::Default;
 };
 

@@ -7,7 +7,10 @@ class EventLoop;
 class IcmpService;
 class MessageBoxes;
 class MsRdpClient2;
+class NotificationArea;
 class SettingsStore;
+class VersionInfo;
+class WindowMessages;
 class WindowsSockets;
 class WindowSystem;
 
@@ -22,6 +25,9 @@ struct Platform {
   WindowsSockets& sockets;
   MsRdpClient2& rdp;
   SettingsStore& settings;
+  NotificationArea& notificationArea;
+  VersionInfo& versions;
+  WindowMessages& messages;
 };
 
 }  // namespace kestrava

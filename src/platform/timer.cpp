@@ -5,7 +5,7 @@
 namespace kestrava {
 
 Timer::Timer(Form& form, const char* name)
-    : spec_(form.SpecOfTimer(name)), enabled_(spec_.enabled) {
+    : spec_(form.SpecOfTimer(name)), interval_(spec_.interval), enabled_(spec_.enabled) {
   form.Join(*this);
 }
 

@@ -25,6 +25,10 @@ class Timer : public Observable {
 
   const TimerSpec& Spec() const { return spec_; }
 
+  /// In milliseconds.
+  int Interval() const { return interval_; }
+  void SetInterval(int milliseconds) { Change(interval_, milliseconds); }
+
   bool Enabled() const { return enabled_; }
   void SetEnabled(bool enabled) { Change(enabled_, enabled); }
 
@@ -32,6 +36,7 @@ class Timer : public Observable {
 
  private:
   const TimerSpec& spec_;
+  int interval_;
   bool enabled_;
 };
 

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstring>
 #include <deque>
 #include <functional>
 #include <map>
 #include <set>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,9 +18,12 @@
 #include "platform/event_loop.h"
 #include "platform/icmp.h"
 #include "platform/message_box.h"
+#include "platform/notification_area.h"
 #include "platform/remote_desktop.h"
 #include "platform/runtime_error.h"
 #include "platform/settings_store.h"
+#include "platform/version_info.h"
+#include "platform/window_messages.h"
 #include "platform/window_system.h"
 #include "platform/windows_sockets.h"
 
@@ -210,19 +215,89 @@ class MemorySettings : public SettingsStore {
   std::vector<std::string> writes;
 };
 
+/// A notification area that keeps what it was told, the shell's version, and the window's messages.
+class MemoryShell : public NotificationArea, public VersionInfo, public WindowMessages {
+ public:
+  static constexpr std::int32_t kWindow = 4711;
+  static constexpr std::int32_t kIcon = 4712;
+  static constexpr std::int32_t kFirstProcedure = 100;
+
+  std::int32_t Shell_NotifyIconA(std::int32_t message, const NOTIFYICONDATA& record) override {
+    told.emplace_back(message, record);
+    return addResult;
+  }
+
+  std::int32_t GetFileVersionInfoSizeA(const std::string& file) override {
+    ++versionReads;
+    return file == "shell32.dll" ? versionSize : 0;
+  }
+  std::int32_t GetFileVersionInfoA(const std::string&, std::span<std::byte> buffer) override {
+    std::memcpy(buffer.data() + 10, &majorVersion, sizeof(majorVersion));
+    return 0;
+  }
+  std::int32_t VerQueryValueA(std::span<const std::byte> buffer, const std::string& block,
+                              std::span<const std::byte>& found) override {
+    found = buffer;
+    return block == "\\" ? queryResult : 0;
+  }
+
+  std::int32_t WindowHandle(const Form&) const override { return kWindow; }
+  std::int32_t IconHandle(const Form&) const override { return kIcon; }
+  std::int32_t AddressOf(WindowProc procedure) override {
+    procedures.push_back(std::move(procedure));
+    return kFirstProcedure + static_cast<std::int32_t>(procedures.size());
+  }
+  std::int32_t SetWindowLongA(std::int32_t hWnd, int index, std::int32_t address) override {
+    if (hWnd != kWindow || index != GWL_WNDPROC) return 0;
+    calls.push_back("proc " + std::to_string(address));
+    return std::exchange(current, address);
+  }
+  std::int32_t CallWindowProcA(std::int32_t address, std::int32_t hWnd, std::int32_t uMsg,
+                               std::int32_t wParam, std::int32_t lParam) override {
+    return address + hWnd + uMsg + wParam + lParam;
+  }
+  void SetForegroundWindow(std::int32_t hWnd) override {
+    calls.push_back("front " + std::to_string(hWnd));
+  }
+  void PopupMenu(Form&, const MenuEntry& menu, const MenuEntry& defaultEntry) override {
+    calls.push_back(std::string("popup ") + menu.Spec().name + " " + defaultEntry.Spec().name);
+    if (onPopup) onPopup();
+  }
+  /// Sends the window a message, as the desktop does.
+  std::int32_t Send(std::int32_t hWnd, std::int32_t uMsg, std::int32_t lParam) {
+    return procedures.at(0)(hWnd, uMsg, 0, lParam);
+  }
+
+  std::vector<std::pair<std::int32_t, NOTIFYICONDATA>> told;
+  std::vector<std::string> calls;
+  std::vector<WindowProc> procedures;
+  Act onPopup;
+  std::int32_t current = kFirstProcedure;  ///< address of the window's procedure
+  std::int32_t addResult = 1;
+  std::int32_t versionSize = 52;
+  std::int32_t queryResult = 1;
+  std::int16_t majorVersion = 6;
+  int versionReads = 0;
+};
+
 /// The real main window on the in-memory desktop.
 struct Scenario {
   MemoryDesktop desktop;
   MemoryNetwork network{desktop};
   TestClock clock;
   MemorySettings settings;
-  frmMain window{Platform{desktop, desktop, desktop, clock, network, network, network, settings}};
+  MemoryShell shell;
+  frmMain window{Platform{desktop, desktop, desktop, clock, network, network, network, settings,
+                          shell, shell, shell}};
 
   /// @param stored the settings that an earlier run left behind, by key.
-  explicit Scenario(const StoredSettings& stored = {}) {
+  /// @param prepare what is to be so before the program starts.
+  explicit Scenario(const StoredSettings& stored = {},
+                    const std::function<void(Scenario&)>& prepare = {}) {
     for (const auto& [key, value] : stored) settings.values["Preferences/" + key] = value;
+    if (prepare) prepare(*this);
     desktop.Load(window);
-    desktop.Show(window);
+    if (!window.State().InTray) desktop.Show(window);
   }
 
   std::string Cell(int row, int col) const { return window.grdServers.TextAt(row, col); }

@@ -1,0 +1,33 @@
+#include "tray/failure_report.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace kestrava {
+
+namespace {
+
+constexpr const char* kClickHere = "\r\nClick Here to See More Information";
+
+char LowerCase(char letter) {
+  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
+bool ContainsIgnoringCase(std::string_view text, std::string_view word) {
+  const auto found = std::ranges::search(text, word, {}, LowerCase, LowerCase);
+  return !found.empty();
+}
+
+}  // namespace
+
+std::string FailureReport(const std::vector<std::string>& failedConnections) {
+  if (failedConnections.size() > 1) {
+    return "Kestrava failed to communicate with " + std::to_string(failedConnections.size()) +
+           " of your Connections" + kClickHere;
+  }
+  const std::string& name = failedConnections.front();
+  const std::string report = "Kestrava failed to communicate with the " + name;
+  return ContainsIgnoringCase(name, "connection") ? report : report + " Connection" + kClickHere;
+}
+
+}  // namespace kestrava

@@ -1,0 +1,78 @@
+#include "tray/tray_messages.h"
+
+#include <exception>
+#include <utility>
+
+#include "monitor/shared_state.h"
+#include "platform/notification_area.h"
+#include "platform/window_messages.h"
+
+namespace kestrava {
+
+namespace {
+
+/// Abandons `step` where it raises an error. Nothing of these is ever reported.
+template <typename Step>
+void Guarded(Step step) noexcept {
+  try {
+    step();
+  } catch (const std::exception&) {
+    return;
+  }
+}
+
+}  // namespace
+
+TrayMessages::TrayMessages(Form& window, const MenuEntry& menu, const MenuEntry& defaultEntry,
+                           WindowMessages& messages, SharedState& state,
+                           std::function<void()> restoreWindow)
+    : window_(window),
+      menu_(menu),
+      defaultEntry_(defaultEntry),
+      messages_(messages),
+      state_(state),
+      restoreWindow_(std::move(restoreWindow)) {}
+
+std::int32_t TrayMessages::Handle() const { return messages_.WindowHandle(window_); }
+
+std::int32_t TrayMessages::IconHandle() const { return messages_.IconHandle(window_); }
+
+void TrayMessages::HookTrayMessages(std::int32_t hWnd) {
+  Guarded([&] {
+    const std::int32_t address = messages_.AddressOf(
+        [this](std::int32_t window, std::int32_t message, std::int32_t wParam,
+               std::int32_t lParam) { return TrayWindowProc(window, message, wParam, lParam); });
+    state_.SavedWindowProc = messages_.SetWindowLongA(hWnd, GWL_WNDPROC, address);
+  });
+}
+
+void TrayMessages::UnhookTrayMessages(std::int32_t hWnd) {
+  if (state_.SavedWindowProc == 0) return;
+  messages_.SetWindowLongA(hWnd, GWL_WNDPROC, state_.SavedWindowProc);
+  state_.SavedWindowProc = 0;
+}
+
+std::int32_t TrayMessages::TrayWindowProc(std::int32_t hWnd, std::int32_t uMsg, std::int32_t wParam,
+                                          std::int32_t lParam) {
+  if (hWnd != Handle() || uMsg != kTrayCallbackMessage) {
+    return messages_.CallWindowProcA(state_.SavedWindowProc, hWnd, uMsg, wParam, lParam);
+  }
+  // The user may pick Exit in the menu: nothing of the window is touched behind it.
+  if (lParam == WM_RBUTTONUP) {
+    ShowIconMenu();
+  } else if (lParam == NIN_BALLOONUSERCLICK) {
+    Guarded([this] { BalloonClickAction(); });
+  }
+  return 0;
+}
+
+void TrayMessages::ShowIconMenu() {
+  Guarded([this] { messages_.SetForegroundWindow(Handle()); });
+  Guarded([this] { messages_.PopupMenu(window_, menu_, defaultEntry_); });
+}
+
+void TrayMessages::BalloonClickAction() {
+  if (state_.BalloonAction == kShowMain) restoreWindow_();
+}
+
+}  // namespace kestrava

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+namespace kestrava {
+
+class Form;
+class MenuEntry;
+class WindowMessages;
+struct SharedState;
+
+/// The message that the notification area sends to the window for its icon: WM_APP + 21.
+inline constexpr std::int32_t kTrayCallbackMessage = 32789;
+
+/// A click on the balloon brings the window back, where `SharedState::BalloonAction` says so.
+inline constexpr const char* kShowMain = "ShowMain";
+
+/// The messages of the icon in the notification area. A window procedure of its own stands in front
+/// of the main window's, answers the icon's messages and hands all others on.
+class TrayMessages {
+ public:
+  /// @param menu the top menu that a right click on the icon pops up, with `defaultEntry` marked.
+  /// @param restoreWindow brings the window back.
+  TrayMessages(Form& window, const MenuEntry& menu, const MenuEntry& defaultEntry,
+               WindowMessages& messages, SharedState& state, std::function<void()> restoreWindow);
+
+  /// The handles of the main window and of its icon.
+  std::int32_t Handle() const;
+  std::int32_t IconHandle() const;
+
+  void HookTrayMessages(std::int32_t hWnd);
+  void UnhookTrayMessages(std::int32_t hWnd);
+
+ private:
+  std::int32_t TrayWindowProc(std::int32_t hWnd, std::int32_t uMsg, std::int32_t wParam,
+                              std::int32_t lParam);
+  void ShowIconMenu();
+  void BalloonClickAction();
+
+  Form& window_;
+  const MenuEntry& menu_;
+  const MenuEntry& defaultEntry_;
+  WindowMessages& messages_;
+  SharedState& state_;
+  std::function<void()> restoreWindow_;
+};
+
+}  // namespace kestrava
