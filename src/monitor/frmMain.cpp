@@ -1,7 +1,11 @@
 #include "monitor/frmMain.h"
 
 #include "editing/add_connection.h"
+#include "editing/grid_edit.h"
+#include "editing/remove_connections.h"
 #include "general/modGeneral.h"
+#include "help/frmAbout.h"
+#include "help/web_pages.h"
 #include "monitor/connection_table.h"
 #include "monitor/main_window_spec.h"
 #include "platform/notification_area.h"
@@ -27,12 +31,15 @@ frmMain::frmMain(const Platform& platform)
       schedule_(platform.clock, state_),
       trayMessages_(*this, mnufile, mnuFileRestore, platform.messages, state_,
                     [this] { RestoreWindow(); }),
-      icon_(platform.notificationArea, platform.versions, trayMessages_) {
+      icon_(platform.notificationArea, platform.versions, trayMessages_),
+      browser_(platform.registry, platform.processes, platform.messageBoxes, platform.eventLoop) {
   Load.Connect([this] { Form_Load(); });
   Resize.Connect([this] { Form_Resize(); });
   Unload.Connect([this] { Form_Unload(); });
   cmdAdd.Click.Connect([this] { cmdAdd_Click(); });
   cmdCheck.Click.Connect([this] { cmdCheck_Click(); });
+  cmdRemove.Click.Connect([this] { cmdRemove_Click(); });
+  grdServers.DblClick.Connect([this] { grdServers_DblClick(); });
   tmrCheck.Tick.Connect([this] { tmrCheck_Timer(); });
   tmrBalloon.Tick.Connect([this] { tmrBalloon_Timer(); });
   mnuFileAuto.Click.Connect([this] { mnuFileAuto_Click(); });
@@ -41,11 +48,11 @@ frmMain::frmMain(const Platform& platform)
   mnuFileExit.Click.Connect([this] { mnuFileExit_Click(); });
   mnuConnCreate.Click.Connect([this] { mnuConnCreate_Click(); });
   mnuConnPref.Click.Connect([this] { mnuConnPref_Click(); });
+  mnuHelpCont.Click.Connect([this] { mnuHelpCont_Click(); });
+  mnuHelpAbout.Click.Connect([this] { mnuHelpAbout_Click(); });
 
   // Entries that have no command yet.
-  for (MenuEntry* entry : {&mnuFileNew, &mnuFileLoad, &mnuFileSave, &mnuHelpCont, &mnuHelpAbout}) {
-    entry->SetEnabled(false);
-  }
+  for (MenuEntry* entry : {&mnuFileNew, &mnuFileLoad, &mnuFileSave}) entry->SetEnabled(false);
 }
 
 void frmMain::Form_Load() {
@@ -80,6 +87,15 @@ void frmMain::cmdAdd_Click() {
 
 void frmMain::cmdCheck_Click() {
   if (checkPass_.Run() == PassResult::Completed) ReportFailures();
+}
+
+void frmMain::cmdRemove_Click() {
+  RemoveConnections(grdServers, platform_.windows);
+  ApplyButtonRule();
+}
+
+void frmMain::grdServers_DblClick() {
+  EditCurrentCell(grdServers, platform_.promptBoxes, platform_.messageBoxes);
 }
 
 void frmMain::tmrCheck_Timer() {
@@ -120,6 +136,15 @@ void frmMain::mnuConnCreate_Click() { cmdAdd.Press(); }
 
 void frmMain::mnuConnPref_Click() {
   EditPreferences(platform_.windows, platform_.messageBoxes, platform_.settings, schedule_);
+}
+
+void frmMain::mnuHelpCont_Click() { browser_.OpenUrlInBrowser(ManualUrl()); }
+
+void frmMain::mnuHelpAbout_Click() {
+  frmAbout about(platform_.windows, browser_);
+  platform_.windows.Load(about);
+  platform_.windows.ShowModal(about);
+  platform_.windows.Unload(about);
 }
 
 void frmMain::RestoreWindow() { mnuFileRestore_Click(); }

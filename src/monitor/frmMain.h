@@ -1,5 +1,6 @@
 #pragma once
 
+#include "help/RegAPI.h"
 #include "monitor/check_pass.h"
 #include "monitor/check_schedule.h"
 #include "monitor/shared_state.h"
@@ -59,6 +60,8 @@ class frmMain : public Form {
   void Form_Unload();
   void cmdAdd_Click();
   void cmdCheck_Click();
+  void cmdRemove_Click();
+  void grdServers_DblClick();
   void tmrCheck_Timer();
   void tmrBalloon_Timer();
   void mnuFileAuto_Click();
@@ -67,6 +70,8 @@ class frmMain : public Form {
   void mnuFileExit_Click();
   void mnuConnCreate_Click();
   void mnuConnPref_Click();
+  void mnuHelpCont_Click();
+  void mnuHelpAbout_Click();
 
   /// A table without connections has nothing to check or to remove.
   void ApplyButtonRule();
@@ -83,6 +88,7 @@ class frmMain : public Form {
   CheckSchedule schedule_;
   TrayMessages trayMessages_;
   NotificationIcon icon_;
+  RegAPI browser_;
 };
 
 }  // namespace kestrava

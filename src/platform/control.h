@@ -1,6 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "platform/event.h"
 
@@ -8,7 +11,16 @@ namespace kestrava {
 
 class Form;
 
-enum class ControlKind { Grid, Button, Label, TextBox, CheckBox, RemoteDesktop };
+enum class ControlKind {
+  Grid,
+  Button,
+  Label,
+  TextBox,
+  CheckBox,
+  CheckList,
+  Picture,
+  RemoteDesktop,
+};
 
 /// One line of a window's table of controls. Places and sizes are in twips (1/1440 inch) from the
 /// top left corner of the window's inner area.
@@ -45,9 +57,38 @@ class Control : public Observable {
   bool visible_ = true;
 };
 
+/// How a label looks that doesn't look like all others.
+struct LabelLook {
+  const char* family = "";  ///< font family; empty for the desktop's own
+  double points = 0;        ///< font size in points; 0 for the desktop's own
+  bool bold = false;
+  bool link = false;  ///< underlined and in the colour of links; a click, or Enter, does something
+
+  friend bool operator==(const LabelLook&, const LabelLook&) = default;
+};
+
 class Label : public Control {
  public:
-  Label(Form& form, const char* name) : Control(form, name, ControlKind::Label) {}
+  Label(Form& form, const char* name)
+      : Control(form, name, ControlKind::Label), caption_(Spec().caption) {}
+
+  const std::string& Caption() const { return caption_; }
+  void SetCaption(std::string caption) { Change(caption_, std::move(caption)); }
+
+  const LabelLook& Look() const { return look_; }
+  void SetLook(const LabelLook& look) { Change(look_, look); }
+
+  Event Click;
+
+ private:
+  std::string caption_;
+  LabelLook look_;
+};
+
+/// The program's icon.
+class Picture : public Control {
+ public:
+  Picture(Form& form, const char* name) : Control(form, name, ControlKind::Picture) {}
 };
 
 class Button : public Control {
@@ -82,6 +123,30 @@ class CheckBox : public Control {
 
  private:
   bool checked_ = false;
+};
+
+/// A list of lines with a check box on each. Entries are counted from 0.
+class CheckList : public Control {
+ public:
+  CheckList(Form& form, const char* name) : Control(form, name, ControlKind::CheckList) {}
+
+  std::int32_t ListCount() const { return static_cast<std::int32_t>(entries_.size()); }
+  void Clear();
+  /// Adds an unmarked entry at the end.
+  void AddItem(std::string text);
+
+  /// @throws std::out_of_range outside the list.
+  const std::string& List(std::int32_t entry) const;
+  bool Selected(std::int32_t entry) const;
+  void SetSelected(std::int32_t entry, bool selected);
+
+ private:
+  struct Entry {
+    std::string text;
+    bool selected = false;
+  };
+
+  std::vector<Entry> entries_;
 };
 
 }  // namespace kestrava

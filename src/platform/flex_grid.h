@@ -35,6 +35,10 @@ class MSFlexGrid : public Control {
  public:
   MSFlexGrid(Form& form, const char* name);
 
+  /// Raised when the user double-clicks a cell, or presses Enter on it; that cell has become the
+  /// current one.
+  Event DblClick;
+
   std::int32_t Rows() const { return static_cast<std::int32_t>(rows_.size()); }
   /// Grows the table at the bottom by empty rows, or cuts it there. A current row that is cut off
   /// gives way to the last row left.

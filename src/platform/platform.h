@@ -8,6 +8,9 @@ class IcmpService;
 class MessageBoxes;
 class MsRdpClient2;
 class NotificationArea;
+class Processes;
+class PromptBoxes;
+class Registry;
 class SettingsStore;
 class VersionInfo;
 class WindowMessages;
@@ -20,6 +23,7 @@ struct Platform {
   WindowSystem& windows;
   EventLoop& eventLoop;
   MessageBoxes& messageBoxes;
+  PromptBoxes& promptBoxes;
   Clock& clock;
   IcmpService& icmp;
   WindowsSockets& sockets;
@@ -28,6 +32,8 @@ struct Platform {
   NotificationArea& notificationArea;
   VersionInfo& versions;
   WindowMessages& messages;
+  Registry& registry;
+  Processes& processes;
 };
 
 }  // namespace kestrava

@@ -19,6 +19,9 @@
 #include "platform/icmp.h"
 #include "platform/message_box.h"
 #include "platform/notification_area.h"
+#include "platform/processes.h"
+#include "platform/prompt_box.h"
+#include "platform/registry.h"
 #include "platform/remote_desktop.h"
 #include "platform/runtime_error.h"
 #include "platform/settings_store.h"
@@ -33,7 +36,10 @@ namespace kestrava::test {
 using Act = std::function<void()>;
 
 /// Windows, message boxes and the event loop without a screen. A scripted user acts in the turns.
-class MemoryDesktop : public WindowSystem, public EventLoop, public MessageBoxes {
+class MemoryDesktop : public WindowSystem,
+                      public EventLoop,
+                      public MessageBoxes,
+                      public PromptBoxes {
  public:
   void Load(Form& form) override {
     loaded.insert(&form);
@@ -73,9 +79,19 @@ class MemoryDesktop : public WindowSystem, public EventLoop, public MessageBoxes
     return answer;
   }
 
+  std::string InputBox(const std::string& prompt, const std::string& title,
+                       const std::string& text) override {
+    questions.push_back(title + ": " + prompt + ": " + text);
+    if (prompts.empty()) return {};
+    const auto act = std::move(prompts.front());
+    prompts.pop_front();
+    return act();
+  }
+
   std::set<Form*> loaded;
   std::deque<std::function<void(Form&)>> dialogs;  ///< what the user does in each dialog to come
   std::vector<std::pair<std::string, MessageIcon>> boxes;
+  std::deque<std::function<std::string()>> prompts;  ///< the user's answers to come
   std::vector<std::string> questions;
   YesNo answer = YesNo::Yes;
   Act onTurn;
@@ -280,6 +296,50 @@ class MemoryShell : public NotificationArea, public VersionInfo, public WindowMe
   int versionReads = 0;
 };
 
+/// A registry with one key, and programs that are only noted.
+class MemoryRegistry : public Registry, public Processes {
+ public:
+  struct Value {
+    std::string name;
+    std::int32_t type;
+    std::string data;
+  };
+
+  std::int32_t RegOpenKeyExA(std::int32_t key, const std::string& name, std::int32_t,
+                             std::int32_t access, std::int32_t& opened) override {
+    const bool known = key == HKEY_CLASSES_ROOT && name == "http\\shell\\open\\command";
+    if (!known || access != KEY_READ || !exists) return ERROR_FILE_NOT_FOUND;
+    ++openKeys;
+    opened = 5;
+    return ERROR_SUCCESS;
+  }
+  std::int32_t RegEnumValueA(std::int32_t, std::int32_t index, std::span<char> name,
+                             std::int32_t& nameLength, std::int32_t& type,
+                             std::span<std::byte> data, std::int32_t& dataLength) override {
+    if (index >= static_cast<std::int32_t>(values.size())) return ERROR_NO_MORE_ITEMS;
+    const Value& value = values[static_cast<std::size_t>(index)];
+    if (value.name.size() >= name.size() || value.data.size() > data.size()) return ERROR_MORE_DATA;
+    value.name.copy(name.data(), name.size());
+    std::memcpy(data.data(), value.data.data(), value.data.size());
+    nameLength = static_cast<std::int32_t>(value.name.size());
+    dataLength = static_cast<std::int32_t>(value.data.size());
+    type = value.type;
+    return ERROR_SUCCESS;
+  }
+  std::int32_t RegCloseKey(std::int32_t) override { return --openKeys, ERROR_SUCCESS; }
+
+  void Start(const std::string& commandLine) override {
+    if (!starts) throw RuntimeError(2, "no such program");
+    started.push_back(commandLine);
+  }
+
+  bool exists = true;
+  std::vector<Value> values;
+  int openKeys = 0;
+  bool starts = true;
+  std::vector<std::string> started;
+};
+
 /// The real main window on the in-memory desktop.
 struct Scenario {
   MemoryDesktop desktop;
@@ -287,8 +347,9 @@ struct Scenario {
   TestClock clock;
   MemorySettings settings;
   MemoryShell shell;
-  frmMain window{Platform{desktop, desktop, desktop, clock, network, network, network, settings,
-                          shell, shell, shell}};
+  MemoryRegistry registry;
+  frmMain window{Platform{desktop, desktop, desktop, desktop, clock, network, network, network,
+                          settings, shell, shell, shell, registry, registry}};
 
   /// @param stored the settings that an earlier run left behind, by key.
   /// @param prepare what is to be so before the program starts.

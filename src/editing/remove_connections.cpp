@@ -1,0 +1,37 @@
+#include "editing/remove_connections.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <ranges>
+
+#include "editing/frmRemoveconn.h"
+#include "monitor/connection_table.h"
+#include "platform/flex_grid.h"
+#include "platform/window_system.h"
+
+namespace kestrava {
+
+namespace {
+
+constexpr std::int32_t kMostEntries = 32767;
+
+}  // namespace
+
+void RemoveConnections(MSFlexGrid& grid, WindowSystem& windows) {
+  frmRemoveconn dialog;
+  windows.Load(dialog);
+  dialog.lstConnections.Clear();
+  const std::int32_t lastRow = std::min(grid.Rows() - 1, kMostEntries);
+  for (std::int32_t row = kHeadingRow + 1; row <= lastRow; ++row) {
+    grid.SetRow(row);
+    grid.SetCol(kNameColumn);
+    dialog.lstConnections.AddItem(grid.Text());
+  }
+  windows.ShowModal(dialog);
+  // From the highest number down, so that each number still names the row that it named when the
+  // list was filled.
+  for (const std::int32_t row : dialog.colIndexes | std::views::reverse) grid.RemoveItem(row);
+  windows.Unload(dialog);
+}
+
+}  // namespace kestrava

@@ -1,0 +1,11 @@
+#include "help/web_pages.h"
+
+#include "program_info.h"
+
+namespace kestrava {
+
+std::string WebSiteUrl() { return std::string("http://") + kWebHost; }
+
+std::string ManualUrl() { return WebSiteUrl() + "/KVManual.html"; }
+
+}  // namespace kestrava

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+namespace kestrava {
+
+/// The program's web site, with no path behind the host.
+std::string WebSiteUrl();
+
+/// The manual.
+std::string ManualUrl();
+
+}  // namespace kestrava
