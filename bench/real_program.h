@@ -1,0 +1,59 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "attempt_meter.h"
+#include "monitor/frmMain.h"
+#include "platform/linux/linux_clock.h"
+#include "platform/linux/linux_icmp.h"
+#include "platform/linux/linux_remote_desktop.h"
+#include "platform/linux/linux_sockets.h"
+#include "platform/qt/qt_event_loop.h"
+#include "platform/qt/qt_message_boxes.h"
+#include "platform/qt/qt_window_system.h"
+
+namespace kestrava {
+
+/// The program as users run it, with its window on the screen. Needs a `QApplication`.
+class RealProgram {
+ public:
+  RealProgram();
+  ~RealProgram() { windows_.Unload(window); }
+  RealProgram(const RealProgram&) = delete;
+  RealProgram& operator=(const RealProgram&) = delete;
+
+  /// Puts a list of machines into the empty table, and returns when the window shows it.
+  void Fill(const std::vector<std::string>& addresses);
+
+  /// Presses "Check Now !" and returns when the pass is over.
+  /// @return the seconds that it took.
+  /// @throws std::runtime_error unless every row then shows `status`.
+  double Check(const std::string& status);
+
+  const AttemptMeter& Attempts() const { return attempts_; }
+  EventLoop& Loop() { return eventLoop_; }
+
+ private:
+  void Settle();
+
+  LinuxClock clock_;
+  LinuxIcmp icmp_;
+  LinuxSockets sockets_;
+  LinuxRemoteDesktop remoteDesktop_;
+  AttemptMeter attempts_{remoteDesktop_};
+  QtEventLoop eventLoop_;
+  QtMessageBoxes messageBoxes_{eventLoop_};
+  QtWindowSystem windows_{eventLoop_};
+
+ public:
+  frmMain window{{.windows = windows_,
+                  .eventLoop = eventLoop_,
+                  .messageBoxes = messageBoxes_,
+                  .clock = clock_,
+                  .icmp = icmp_,
+                  .sockets = sockets_,
+                  .rdp = attempts_}};
+};
+
+}  // namespace kestrava

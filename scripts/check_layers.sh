@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# Holds the direction of the layers: the logic includes the standard library, itself and
+# src/platform/*.h; an interface includes only interfaces; the Linux layer includes no Qt; and no
+# files include each other in a circle.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/../src"
+
+# Every include of the sources as a line "file <header>" or "file "header"".
+includes=$(grep -rE '^ *# *include' --include='*.h' --include='*.cpp' . |
+  sed -E 's|^\./([^:]*):[^<"]*|\1 |')
+failed=false
+
+# forbid WHAT FILES HEADERS: no file whose name fits the first pattern includes a header that fits
+# the second.
+forbid() {
+  if grep -E "^($2) ($3)" <<<"$includes" >&2; then
+    echo "Forbidden: $1." >&2
+    failed=true
+  fi
+}
+
+interfaces='platform/[^/ ]*'
+desktop="main\.cpp|platform/(linux|qt)/[^ ]*"
+logic=$(cut -d' ' -f1 <<<"$includes" | sort -u | grep -vE "^($interfaces|$desktop)$" | paste -sd'|')
+# A standard header has neither a capital letter nor an ending; one of the system or of Qt has.
+foreign='<[^>]*[^a-z_>]'
+forbid "the logic and the interfaces are standard C++ only" "$interfaces|$logic" "$foreign"
+forbid "the logic knows no desktop" "$interfaces|$logic" '"platform/(linux|qt)/|"[^/]*"'
+forbid "an interface knows no logic" "$interfaces" '"([^p]|p[^l])'
+forbid "the Linux layer knows neither Qt nor the logic" "platform/linux/[^ ]*" \
+  '<Q|"platform/qt/|"([^p]|p[^l])'
+forbid "the Qt layer knows no logic" "platform/qt/[^ ]*" '"([^p]|p[^l])[^"]*/'
+
+# tsort names every circle and fails on it.
+if ! sed -n 's/"//gp' <<<"$includes" | tsort >/dev/null; then failed=true; fi
+
+if [[ $failed == true ]]; then exit 1; fi
+echo "The layers hold."

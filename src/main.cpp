@@ -1,0 +1,71 @@
+#include <QApplication>
+#include <QIcon>
+#include <clocale>
+#include <cstdio>
+#include <functional>
+
+#include "monitor/frmMain.h"
+#include "platform/linux/linux_clock.h"
+#include "platform/linux/linux_icmp.h"
+#include "platform/linux/linux_remote_desktop.h"
+#include "platform/linux/linux_sockets.h"
+#include "platform/linux/termination_signals.h"
+#include "platform/qt/qt_event_loop.h"
+#include "platform/qt/qt_message_boxes.h"
+#include "platform/qt/qt_window_system.h"
+
+namespace {
+
+constexpr int kExitUsage = 2;
+
+QIcon ProgramIcon() {
+  QIcon icon;
+  for (const int size : {16, 22, 32, 48, 64}) {
+    icon.addFile(QStringLiteral(":/kestrava-%1.png").arg(size), QSize(size, size));
+  }
+  return icon;
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+  using namespace kestrava;
+
+  if (argc > 1) {
+    std::fputs("kestrava: takes no arguments\n", stderr);
+    return kExitUsage;
+  }
+
+  std::function<void()> unloadMainWindow;
+  TerminationSignals terminationSignals([&unloadMainWindow] { unloadMainWindow(); });
+
+  QApplication::setOrganizationName(QStringLiteral("Kestrava"));
+  QApplication::setApplicationName(QStringLiteral("Kestrava"));
+  QApplication::setDesktopFileName(QStringLiteral("kestrava"));
+  QApplication application(argc, argv);
+  // The application object has just taken over the user's locale. Dates follow it, but numbers in
+  // stored texts always have a point.
+  std::setlocale(LC_NUMERIC, "C");
+  QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setWindowIcon(ProgramIcon());
+
+  LinuxClock clock;
+  LinuxIcmp icmp;
+  LinuxSockets sockets;
+  LinuxRemoteDesktop rdp;
+  QtEventLoop eventLoop;
+  QtMessageBoxes messageBoxes(eventLoop);
+  QtWindowSystem windows(eventLoop);
+  frmMain mainWindow({windows, eventLoop, messageBoxes, clock, icmp, sockets, rdp});
+
+  unloadMainWindow = [&] { windows.Unload(mainWindow); };
+  eventLoop.Watch(rdp);
+  eventLoop.Watch(terminationSignals);
+  QObject::connect(&eventLoop, &QtEventLoop::Ended, &application, [] { QApplication::exit(); });
+
+  windows.Load(mainWindow);
+  windows.Show(mainWindow);
+  if (!eventLoop.HasEnded()) QApplication::exec();
+  windows.Unload(mainWindow);
+  return 0;
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <chrono>
+#include <string_view>
+
+#include "platform/linux/echo_packet.h"
+
+namespace kestrava {
+
+/// The longest payload that `ping` can be told.
+inline constexpr std::size_t kLongestPingPayload = 16;
+
+/// Lets the system's `ping` program, which may do what this program may not, send the echo. The
+/// identifier and the sequence number are its own. Returns within `timeout` and 200 ms more.
+/// @return `kEchoGeneralFailure` if there is no such program or it says nothing that is understood.
+EchoOutcome SendEchoByPing(const EchoRequest& request, std::chrono::milliseconds timeout);
+
+/// Reads what `ping` (iputils) prints about one echo in the C locale.
+EchoOutcome ReadPingOutput(const EchoRequest& request, std::string_view output);
+
+}  // namespace kestrava

@@ -1,0 +1,168 @@
+#include "platform/qt/grid_view.h"
+
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QStyleOptionViewItem>
+#include <QToolTip>
+#include <algorithm>
+
+namespace kestrava {
+
+namespace {
+
+/// A tip wraps and shows `text` to the letter, whatever looks like markup in it.
+void ShowTip(const QString& text, const QPoint& screenPosition, QWidget* widget,
+             const QRect& place) {
+  const QString tip =
+      QStringLiteral("<p style=\"white-space:pre-wrap\">%1</p>").arg(text.toHtmlEscaped());
+  QToolTip::showText(screenPosition, tip, widget, place);
+}
+
+}  // namespace
+
+GridView::GridView(MSFlexGrid& grid, QWidget* parent)
+    : QTableView(parent), grid_(&grid), model_(grid), lamps_(new LampHeader(this)) {
+  setVerticalHeader(lamps_);
+  setModel(&model_);
+  setEditTriggers(NoEditTriggers);
+  setSelectionMode(SingleSelection);
+  setSelectionBehavior(SelectItems);
+  setWordWrap(false);
+  setTextElideMode(Qt::ElideRight);
+  setTabKeyNavigation(false);
+  setCornerButtonEnabled(false);
+  setHorizontalScrollMode(ScrollPerPixel);
+  horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setSectionsClickable(true);
+  horizontalHeader()->setMinimumSectionSize(1);
+  horizontalHeader()->viewport()->installEventFilter(this);
+
+  connect(&model_, &GridModel::ShapeCaughtUp, this, &GridView::ApplyColumnWidths);
+  connect(lamps_, &QHeaderView::sectionPressed, this,
+          [this](int section) { ClickFixedCell(section + 1, 0); });
+  connect(horizontalHeader(), &QHeaderView::sectionPressed, this,
+          [this](int section) { ClickFixedCell(0, section + 1); });
+}
+
+void GridView::SetScale(const TwipScale& scale) {
+  scale_ = scale;
+  const int lineHeight = fontMetrics().height();
+  lamps_->setDefaultSectionSize(lineHeight + lineHeight / 3);
+  appliedWidths_.clear();
+  ApplyColumnWidths();
+}
+
+void GridView::Detach() {
+  grid_ = nullptr;
+  model_.Detach();
+}
+
+void GridView::showEvent(QShowEvent* event) {
+  model_.CatchUp();
+  QTableView::showEvent(event);
+}
+
+void GridView::mousePressEvent(QMouseEvent* event) {
+  model_.CatchUp();
+  QTableView::mousePressEvent(event);
+  if (indexAt(event->position().toPoint()).isValid()) TakeCurrentIndex();
+}
+
+void GridView::mouseMoveEvent(QMouseEvent* event) {
+  const QModelIndex before = currentIndex();
+  QTableView::mouseMoveEvent(event);
+  if (currentIndex() != before) TakeCurrentIndex();
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+  model_.CatchUp();
+  const QModelIndex before = currentIndex();
+  QTableView::keyPressEvent(event);
+  if (currentIndex() != before) TakeCurrentIndex();
+}
+
+bool GridView::viewportEvent(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QTableView::viewportEvent(event);
+  const auto* help = static_cast<QHelpEvent*>(event);
+  TipCell(help->pos(), help->globalPos());
+  return true;
+}
+
+bool GridView::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != horizontalHeader()->viewport() || event->type() != QEvent::ToolTip) {
+    return QTableView::eventFilter(watched, event);
+  }
+  const auto* help = static_cast<QHelpEvent*>(event);
+  TipHeading(help->pos(), help->globalPos());
+  return true;
+}
+
+void GridView::rowsInserted(const QModelIndex& parent, int first, int last) {
+  QTableView::rowsInserted(parent, first, last);
+  if (first == last) scrollTo(model_.index(last, 0));
+}
+
+void GridView::ApplyColumnWidths() {
+  if (!grid_) return;
+  const std::int32_t columns = grid_->Cols();
+  appliedWidths_.resize(static_cast<std::size_t>(columns), -1);
+  for (std::int32_t column = 0; column < columns; ++column) {
+    const std::int32_t twips = grid_->ColWidth(column);
+    std::int32_t& applied = appliedWidths_[static_cast<std::size_t>(column)];
+    if (applied == twips) continue;
+    applied = twips;
+    if (column == 0) {
+      lamps_->setFixedWidth(scale_.ToPixels(twips));
+      updateGeometries();
+    } else {
+      setColumnWidth(column - 1, WidthFor(column - 1, twips));
+    }
+  }
+}
+
+int GridView::WidthFor(int column, int twips) const {
+  return std::max(scale_.ToPixels(twips), horizontalHeader()->sectionSizeHint(column));
+}
+
+void GridView::TakeCursor(int gridRow, int gridColumn) {
+  if (!grid_ || gridRow >= grid_->Rows() || gridColumn >= grid_->Cols()) return;
+  grid_->SetRow(gridRow);
+  grid_->SetCol(gridColumn);
+}
+
+void GridView::TakeCurrentIndex() {
+  TakeCursor(currentIndex().row() + 1, currentIndex().column() + 1);
+}
+
+void GridView::ClickFixedCell(int gridRow, int gridColumn) {
+  TakeCursor(gridRow, gridColumn);
+  clearSelection();
+}
+
+void GridView::TipCell(const QPoint& position, const QPoint& screenPosition) {
+  const QModelIndex cell = indexAt(position);
+  const QString text = cell.data().toString();
+  QStyleOptionViewItem option;
+  initViewItemOption(&option);
+  const QRect place = visualRect(cell);
+  if (text.isEmpty() || itemDelegate()->sizeHint(option, cell).width() <= place.width()) {
+    QToolTip::hideText();
+  } else {
+    ShowTip(text, screenPosition, viewport(), place);
+  }
+}
+
+void GridView::TipHeading(const QPoint& position, const QPoint& screenPosition) {
+  const QHeaderView& heading = *horizontalHeader();
+  const int section = heading.logicalIndexAt(position);
+  if (section < 0 || heading.sectionSizeHint(section) <= heading.sectionSize(section)) {
+    QToolTip::hideText();
+    return;
+  }
+  const QRect place(heading.sectionViewportPosition(section), 0, heading.sectionSize(section),
+                    heading.height());
+  ShowTip(model_.headerData(section, Qt::Horizontal, Qt::DisplayRole).toString(), screenPosition,
+          heading.viewport(), place);
+}
+
+}  // namespace kestrava

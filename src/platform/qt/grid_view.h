@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QTableView>
+#include <vector>
+
+#include "platform/qt/grid_model.h"
+#include "platform/qt/lamp_header.h"
+#include "platform/qt/twips.h"
+
+namespace kestrava {
+
+/// Shows a grid and lets the user scroll it, move its cursor and drag its columns wider. The
+/// program's own cursor moves don't touch the cell that the user has chosen.
+class GridView final : public QTableView {
+  Q_OBJECT
+
+ public:
+  GridView(MSFlexGrid& grid, QWidget* parent);
+
+  /// Sizes the rows by the font and the columns by the grid's widths.
+  void SetScale(const TwipScale& scale);
+
+  /// Leaves the grid alone from now on.
+  void Detach();
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void rowsInserted(const QModelIndex& parent, int first, int last) override;
+
+ private:
+  void ApplyColumnWidths();
+  int WidthFor(int column, int twips) const;
+  void TakeCursor(int gridRow, int gridColumn);
+  void TakeCurrentIndex();
+  void ClickFixedCell(int gridRow, int gridColumn);
+
+  /// Shows the whole text of the cell or heading at `position` if its place is too narrow for it.
+  void TipCell(const QPoint& position, const QPoint& screenPosition);
+  void TipHeading(const QPoint& position, const QPoint& screenPosition);
+
+  MSFlexGrid* grid_;
+  GridModel model_;
+  LampHeader* lamps_;
+  TwipScale scale_;
+  /// The widths last taken from the grid, in twips, so that a width dragged by the user stays until
+  /// the program sets another.
+  std::vector<std::int32_t> appliedWidths_;
+};
+
+}  // namespace kestrava

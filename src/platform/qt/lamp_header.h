@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QHeaderView>
+
+namespace kestrava {
+
+/// The fixed column of lamps: a vertical header that fills each section with its row's colour.
+class LampHeader : public QHeaderView {
+ public:
+  explicit LampHeader(QWidget* parent);
+
+ protected:
+  void paintSection(QPainter* painter, const QRect& place, int section) const override;
+};
+
+}  // namespace kestrava

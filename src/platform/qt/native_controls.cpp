@@ -1,0 +1,100 @@
+#include "platform/qt/native_controls.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <limits>
+
+#include "platform/flex_grid.h"
+#include "platform/qt/grid_view.h"
+#include "platform/qt/text.h"
+#include "platform/qt/wrapping_button.h"
+
+namespace kestrava {
+
+namespace {
+
+/// Tells the control's state to `show`, now and after each change, until `link` goes.
+template <typename Show>
+void Mirror(Control& control, QObject& link, Show show) {
+  show();
+  control.Observe(show);
+  QObject::connect(&link, &QObject::destroyed, [&control] { control.Observe({}); });
+}
+
+QWidget* MakeButton(Button& button, QObject& link, QWidget* parent) {
+  auto* widget = new WrappingButton(parent);
+  widget->setText(ToShown(button.Spec().caption));
+  // Enter presses the button that has the focus, in a main window too.
+  widget->setAutoDefault(true);
+  QObject::connect(widget, &QPushButton::clicked, &link, [&button] { button.Press(); });
+  Mirror(button, link, [widget, &button] { widget->setEnabled(button.Enabled()); });
+  return widget;
+}
+
+QWidget* MakeLabel(Label& label, QObject& link, QWidget* parent) {
+  auto* widget = new QLabel(ToShown(label.Spec().caption), parent);
+  Mirror(label, link, [widget, &label] { widget->setEnabled(label.Enabled()); });
+  return widget;
+}
+
+QWidget* MakeTextBox(TextBox& textBox, QObject& link, QWidget* parent) {
+  auto* widget = new QLineEdit(parent);
+  widget->setMaxLength(std::numeric_limits<int>::max());
+  // Only what the user edits is written back, so that the program's own bytes stay as they are.
+  QObject::connect(widget, &QLineEdit::textEdited, &link, [&textBox](QString text) {
+    // A pasted text may bring line ends along.
+    textBox.SetText(ToBytes(text.replace('\r', ' ').replace('\n', ' ')));
+  });
+  Mirror(textBox, link, [widget, &textBox] {
+    const QString text = ToShown(textBox.Text());
+    if (widget->text() != text) widget->setText(text);
+    widget->setEnabled(textBox.Enabled());
+  });
+  return widget;
+}
+
+QWidget* MakeGrid(MSFlexGrid& grid, QObject& link, QWidget* parent) {
+  auto* widget = new GridView(grid, parent);
+  widget->setAccessibleName(QObject::tr("Connections"));
+  QObject::connect(&link, &QObject::destroyed, widget, &GridView::Detach);
+  Mirror(grid, link, [widget, &grid] { widget->setEnabled(grid.Enabled()); });
+  return widget;
+}
+
+QWidget* MakeWidget(Control& control, QObject& link, QWidget* parent) {
+  switch (control.Spec().kind) {
+    case ControlKind::Grid:
+      return MakeGrid(static_cast<MSFlexGrid&>(control), link, parent);
+    case ControlKind::Button:
+      return MakeButton(static_cast<Button&>(control), link, parent);
+    case ControlKind::Label:
+      return MakeLabel(static_cast<Label&>(control), link, parent);
+    case ControlKind::TextBox:
+      return MakeTextBox(static_cast<TextBox&>(control), link, parent);
+    case ControlKind::RemoteDesktop:
+      break;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+QWidget* MakeNativeControl(Control& control, QObject& link, QWidget* parent) {
+  QWidget* widget = MakeWidget(control, link, parent);
+  if (widget) widget->setObjectName(control.Spec().name);
+  return widget;
+}
+
+bool FitsInto(const QWidget& widget, const QSize& size) {
+  const QSize least = widget.minimumSizeHint();
+  const int height =
+      widget.hasHeightForWidth() ? widget.heightForWidth(size.width()) : least.height();
+  return least.width() <= size.width() && height <= size.height();
+}
+
+void PlaceNativeControl(QWidget& widget, const ControlSpec& spec, const TwipScale& scale) {
+  widget.setGeometry(scale.PlaceOf(spec));
+  if (auto* grid = qobject_cast<GridView*>(&widget)) grid->SetScale(scale);
+}
+
+}  // namespace kestrava

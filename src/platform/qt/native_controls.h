@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QWidget>
+
+#include "platform/control.h"
+#include "platform/qt/twips.h"
+
+namespace kestrava {
+
+/// Makes the widget of `control`, which shows the control's state for as long as `link` lives and
+/// feeds the user's input back to it. Gives nullptr for a control that is never shown.
+QWidget* MakeNativeControl(Control& control, QObject& link, QWidget* parent);
+
+/// Whether nothing that the widget shows at all times is cut when it has this size.
+bool FitsInto(const QWidget& widget, const QSize& size);
+
+/// Puts the widget in its place.
+void PlaceNativeControl(QWidget& widget, const ControlSpec& spec, const TwipScale& scale);
+
+}  // namespace kestrava

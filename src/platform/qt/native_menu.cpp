@@ -1,0 +1,50 @@
+#include "platform/qt/native_menu.h"
+
+#include <QAction>
+#include <QMenu>
+
+#include "platform/qt/text.h"
+
+namespace kestrava {
+
+namespace {
+
+void Show(const MenuEntry& entry, QAction& action) {
+  action.setEnabled(entry.Enabled());
+  action.setVisible(entry.Visible());
+  action.setCheckable(entry.Checked());
+  action.setChecked(entry.Checked());
+}
+
+void Mirror(MenuEntry& entry, QObject& link, QAction& action) {
+  action.setObjectName(entry.Spec().name);
+  Show(entry, action);
+  entry.Observe([&entry, &action] { Show(entry, action); });
+  QObject::connect(&link, &QObject::destroyed, [&entry] { entry.Observe({}); });
+  QObject::connect(&action, &QAction::triggered, &link, [&entry, &action] {
+    // The toolkit has flipped the check mark already, but the mark is the program's to set.
+    Show(entry, action);
+    entry.Click.Raise();
+  });
+}
+
+}  // namespace
+
+void BuildMenu(const Form& form, QObject& link, QMenuBar& bar) {
+  QMenu* menu = nullptr;
+  for (MenuEntry* entry : form.Menu()) {
+    const MenuSpec& spec = entry->Spec();
+    const QString caption = ToShown(spec.caption);
+    if (spec.kind == MenuKind::Menu) {
+      menu = bar.addMenu(caption);
+      Mirror(*entry, link, *menu->menuAction());
+    } else if (menu) {
+      QAction* action = menu->addAction(caption);
+      action->setSeparator(spec.kind == MenuKind::Separator);
+      action->setShortcut(QKeySequence(ToShown(spec.shortcut)));
+      Mirror(*entry, link, *action);
+    }
+  }
+}
+
+}  // namespace kestrava

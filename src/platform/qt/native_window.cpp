@@ -1,0 +1,170 @@
+#include "platform/qt/native_window.h"
+
+#include <QDialog>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLayout>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "platform/qt/native_controls.h"
+#include "platform/qt/native_menu.h"
+#include "platform/qt/text.h"
+
+namespace kestrava {
+
+namespace {
+
+constexpr Qt::WindowFlags kTitleBar = Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                                      Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+
+/// Makes a window around `area`, which is to stand below the menu bar.
+QWidget* MakeWindow(FormStyle style, QWidget* owner, QWidget* area) {
+  if (style == FormStyle::MainWindow) {
+    auto* window = new QMainWindow(owner, Qt::Window | kTitleBar | Qt::WindowMinimizeButtonHint);
+    window->setCentralWidget(area);
+    return window;
+  }
+  auto* window = new QDialog(owner, Qt::Dialog | kTitleBar);
+  auto* layout = new QVBoxLayout(window);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(area);
+  return window;
+}
+
+}  // namespace
+
+NativeWindow::NativeWindow(Form& form, QWidget* owner)
+    : form_(&form),
+      area_(new QWidget),
+      widget_(MakeWindow(form.Spec().style, owner, area_)),
+      link_(std::make_unique<QObject>()) {
+  const FormSpec& spec = form.Spec();
+  setParent(widget_);
+  widget_->layout()->setSizeConstraint(QLayout::SetFixedSize);
+  widget_->setObjectName(spec.name);
+  widget_->setWindowTitle(ToShown(spec.caption));
+  widget_->installEventFilter(this);
+  if (auto* window = qobject_cast<QMainWindow*>(widget_); window && !spec.menu.empty()) {
+    BuildMenu(form, *link_, *window->menuBar());
+  }
+  BuildControls();
+  ChainTabOrder();
+  NameForScreenReaders();
+  Arrange();
+  form.Observe([this] { ShowForm(); });
+  ShowForm();
+}
+
+void NativeWindow::Detach() {
+  link_.reset();
+  form_->Observe({});
+  widget_->hide();
+}
+
+bool NativeWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (!link_) return QObject::eventFilter(watched, event);
+  switch (event->type()) {
+    case QEvent::Close:
+      event->ignore();
+      emit CloseRequested();
+      return true;
+    case QEvent::KeyPress:
+      if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) break;
+      PressCancelButton();
+      return true;
+    case QEvent::FontChange:
+    case QEvent::StyleChange:
+      Arrange();
+      break;
+    default:
+      break;
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+void NativeWindow::BuildControls() {
+  for (Control* control : form_->Controls()) {
+    QWidget* widget = MakeNativeControl(*control, *link_, area_);
+    if (!widget) continue;
+    parts_.push_back({&control->Spec(), widget});
+    if (auto* button = qobject_cast<QPushButton*>(widget)) {
+      button->setDefault(widget->objectName() == form_->Spec().defaultButton);
+    }
+  }
+  std::ranges::sort(parts_, {}, [](const Part& part) { return part.spec->tabOrder; });
+}
+
+void NativeWindow::ChainTabOrder() {
+  QWidget* previous = nullptr;
+  for (const Part& part : parts_) {
+    if (part.widget->focusPolicy() == Qt::NoFocus) continue;
+    if (previous) {
+      QWidget::setTabOrder(previous, part.widget);
+    } else {
+      part.widget->setFocus(Qt::TabFocusReason);
+    }
+    previous = part.widget;
+  }
+}
+
+void NativeWindow::NameForScreenReaders() {
+  QLabel* label = nullptr;
+  for (const Part& part : parts_) {
+    QString caption = ToShown(part.spec->caption);
+    if (label && caption.isEmpty()) {
+      label->setBuddy(part.widget);
+      caption = label->text();
+    }
+    if (!caption.isEmpty()) part.widget->setAccessibleName(caption.remove('&'));
+    label = qobject_cast<QLabel*>(part.widget);
+  }
+}
+
+void NativeWindow::Arrange() {
+  scale_ = TwipScale::ForFontHeight(widget_->fontMetrics().height());
+  while (!Fits(scale_)) scale_ = scale_.Larger();
+  for (const Part& part : parts_) PlaceNativeControl(*part.widget, *part.spec, scale_);
+  area_->setFixedSize(scale_.ToPixels(form_->Spec().width), scale_.ToPixels(form_->Spec().height));
+  // The window must have its size before it shows, to be centred by it.
+  widget_->layout()->activate();
+}
+
+bool NativeWindow::Fits(const TwipScale& scale) const {
+  return std::ranges::all_of(parts_, [&](const Part& part) {
+    return FitsInto(*part.widget, scale.PlaceOf(*part.spec).size());
+  });
+}
+
+void NativeWindow::ShowForm() {
+  MoveToPlace();
+  if (form_->Pointer() == MousePointer::Busy) {
+    widget_->setCursor(Qt::BusyCursor);
+  } else {
+    widget_->unsetCursor();
+  }
+  if (widget_->isVisible() == form_->Visible()) return;
+  widget_->setVisible(form_->Visible());
+  if (!form_->Visible()) emit Hidden();
+}
+
+void NativeWindow::MoveToPlace() {
+  const std::pair place(form_->Left(), form_->Top());
+  if (!form_->Placed() || (placed_ && place_ == place)) return;
+  // Later changes of other state must not take back a move of the user's.
+  place_ = place;
+  placed_ = true;
+  widget_->move(widget_->screen()->geometry().topLeft() +
+                QPoint(scale_.ToPixels(place.first), scale_.ToPixels(place.second)));
+}
+
+void NativeWindow::PressCancelButton() {
+  auto* button = widget_->findChild<QPushButton*>(form_->Spec().cancelButton);
+  if (button && *form_->Spec().cancelButton != '\0') button->click();
+}
+
+}  // namespace kestrava

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+#include <QWidget>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "platform/form.h"
+#include "platform/qt/twips.h"
+
+namespace kestrava {
+
+/// The native window of one form. It shows the form's state and feeds the user's input back to it.
+/// Its widget owns it.
+class NativeWindow final : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Builds the window, unseen. `owner` is the window that it belongs to, or nullptr.
+  NativeWindow(Form& form, QWidget* owner);
+
+  QWidget& Widget() const { return *widget_; }
+  const TwipScale& Scale() const { return scale_; }
+
+  /// Takes the window off the screen and leaves the form alone from now on.
+  void Detach();
+
+ signals:
+  /// The user has pressed the close box. The window itself does nothing about it.
+  void CloseRequested();
+  /// The form isn't visible any more.
+  void Hidden();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void BuildControls();
+  void ChainTabOrder();
+  void NameForScreenReaders();
+  /// Sizes everything by the font.
+  void Arrange();
+  bool Fits(const TwipScale& scale) const;
+  /// Mirrors the state of the form itself.
+  void ShowForm();
+  void MoveToPlace();
+  void PressCancelButton();
+
+  struct Part {
+    const ControlSpec* spec;
+    QWidget* widget;
+  };
+
+  Form* form_;
+  QWidget* area_;
+  QWidget* widget_;
+  std::vector<Part> parts_;  ///< in tab order
+  TwipScale scale_;
+  std::pair<int, int> place_;  ///< where the form was last put, in its twips
+  bool placed_ = false;
+  /// What connects the widgets with the form is cut when it goes.
+  std::unique_ptr<QObject> link_;
+};
+
+}  // namespace kestrava

@@ -1,0 +1,83 @@
+#include "platform/qt/qt_window_system.h"
+
+#include <QEventLoop>
+#include <QScreen>
+
+namespace kestrava {
+
+void QtWindowSystem::Load(Form& form) {
+  if (WindowOf(form)) return;
+  auto* window = new NativeWindow(form, Owner());
+  windows_.emplace(&form, window);
+  QObject::connect(window, &NativeWindow::CloseRequested, window, [this, &form] { Close(form); });
+  form.Load.Raise();
+}
+
+void QtWindowSystem::Show(Form& form) {
+  if (WindowOf(form)) form.SetVisible(true);
+}
+
+void QtWindowSystem::ShowModal(Form& form) {
+  NativeWindow* window = WindowOf(form);
+  if (!window || eventLoop_.HasEnded()) return;
+  QEventLoop wait;
+  QObject::connect(window, &NativeWindow::Hidden, &wait, &QEventLoop::quit);
+  QObject::connect(&eventLoop_, &QtEventLoop::Ended, &wait, &QEventLoop::quit);
+  window->Widget().setWindowModality(Qt::ApplicationModal);
+  form.SetVisible(true);
+  wait.exec();
+  form.SetVisible(false);
+}
+
+void QtWindowSystem::Unload(Form& form) {
+  if (!WindowOf(form)) return;
+  form.Unload.Raise();
+  NativeWindow* window = WindowOf(form);
+  if (!window) return;
+  windows_.erase(&form);
+  window->Detach();
+  form.SetVisible(false);
+  if (form.Spec().style == FormStyle::MainWindow) {
+    endedMainWindow_.reset(&window->Widget());
+    eventLoop_.End();
+  } else {
+    // Handlers of the window's own widgets may be running.
+    window->Widget().deleteLater();
+  }
+}
+
+TwipSize QtWindowSystem::ScreenSize(const Form& form) const {
+  const NativeWindow* window = WindowOf(form);
+  if (!window) return {};
+  const QSize size = window->Widget().screen()->size();
+  return {window->Scale().ToTwips(size.width()), window->Scale().ToTwips(size.height())};
+}
+
+TwipSize QtWindowSystem::OuterSize(const Form& form) const {
+  const NativeWindow* window = WindowOf(form);
+  if (!window) return {};
+  const QSize size = window->Widget().frameGeometry().size();
+  return {window->Scale().ToTwips(size.width()), window->Scale().ToTwips(size.height())};
+}
+
+NativeWindow* QtWindowSystem::WindowOf(const Form& form) const {
+  const auto found = windows_.find(&form);
+  return found == windows_.end() ? nullptr : found->second;
+}
+
+QWidget* QtWindowSystem::Owner() const {
+  for (const auto& [form, window] : windows_) {
+    if (form->Spec().style == FormStyle::MainWindow) return &window->Widget();
+  }
+  return nullptr;
+}
+
+void QtWindowSystem::Close(Form& form) {
+  if (form.Spec().style == FormStyle::MainWindow) {
+    Unload(form);
+  } else {
+    form.SetVisible(false);
+  }
+}
+
+}  // namespace kestrava

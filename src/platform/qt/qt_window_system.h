@@ -1,0 +1,34 @@
+#pragma once
+
+#include <map>
+#include <memory>
+
+#include "platform/qt/native_window.h"
+#include "platform/qt/qt_event_loop.h"
+#include "platform/window_system.h"
+
+namespace kestrava {
+
+class QtWindowSystem final : public WindowSystem {
+ public:
+  explicit QtWindowSystem(QtEventLoop& eventLoop) : eventLoop_(eventLoop) {}
+
+  void Load(Form& form) override;
+  void Show(Form& form) override;
+  void ShowModal(Form& form) override;
+  void Unload(Form& form) override;
+  TwipSize ScreenSize(const Form& form) const override;
+  TwipSize OuterSize(const Form& form) const override;
+
+ private:
+  NativeWindow* WindowOf(const Form& form) const;
+  QWidget* Owner() const;
+  void Close(Form& form);
+
+  QtEventLoop& eventLoop_;
+  /// The main window's widgets, which own those of the dialogs, stay to the end.
+  std::unique_ptr<QWidget> endedMainWindow_;
+  std::map<const Form*, NativeWindow*> windows_;
+};
+
+}  // namespace kestrava
