@@ -7,11 +7,15 @@
 #include "monitor/frmMain.h"
 #include "platform/linux/linux_clock.h"
 #include "platform/linux/linux_icmp.h"
+#include "platform/linux/linux_processes.h"
+#include "platform/linux/linux_registry.h"
 #include "platform/linux/linux_remote_desktop.h"
 #include "platform/linux/linux_sockets.h"
 #include "platform/linux/termination_signals.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_message_boxes.h"
+#include "platform/qt/qt_prompt_boxes.h"
+#include "platform/qt/qt_settings_store.h"
 #include "platform/qt/qt_window_system.h"
 
 namespace {
@@ -53,10 +57,24 @@ int main(int argc, char* argv[]) {
   LinuxIcmp icmp;
   LinuxSockets sockets;
   LinuxRemoteDesktop rdp;
+  LinuxRegistry registry;
+  LinuxProcesses processes;
+  QtSettingsStore settings;
   QtEventLoop eventLoop;
   QtMessageBoxes messageBoxes(eventLoop);
+  QtPromptBoxes promptBoxes(eventLoop);
   QtWindowSystem windows(eventLoop);
-  frmMain mainWindow({windows, eventLoop, messageBoxes, clock, icmp, sockets, rdp});
+  frmMain mainWindow({.windows = windows,
+                      .eventLoop = eventLoop,
+                      .messageBoxes = messageBoxes,
+                      .promptBoxes = promptBoxes,
+                      .clock = clock,
+                      .icmp = icmp,
+                      .sockets = sockets,
+                      .rdp = rdp,
+                      .settings = settings,
+                      .registry = registry,
+                      .processes = processes});
 
   unloadMainWindow = [&] { windows.Unload(mainWindow); };
   eventLoop.Watch(rdp);

@@ -74,8 +74,15 @@ void GridView::mouseMoveEvent(QMouseEvent* event) {
   if (currentIndex() != before) TakeCurrentIndex();
 }
 
+void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+  QTableView::mouseDoubleClickEvent(event);
+  const bool onCell = indexAt(event->position().toPoint()).isValid();
+  if (onCell && event->button() == Qt::LeftButton) RaiseDoubleClick();
+}
+
 void GridView::keyPressEvent(QKeyEvent* event) {
   model_.CatchUp();
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return RaiseDoubleClick();
   const QModelIndex before = currentIndex();
   QTableView::keyPressEvent(event);
   if (currentIndex() != before) TakeCurrentIndex();
@@ -132,6 +139,12 @@ void GridView::TakeCursor(int gridRow, int gridColumn) {
 
 void GridView::TakeCurrentIndex() {
   TakeCursor(currentIndex().row() + 1, currentIndex().column() + 1);
+}
+
+void GridView::RaiseDoubleClick() {
+  if (!grid_ || !currentIndex().isValid()) return;
+  TakeCurrentIndex();
+  grid_->DblClick.Raise();
 }
 
 void GridView::ClickFixedCell(int gridRow, int gridColumn) {

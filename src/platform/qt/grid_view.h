@@ -27,6 +27,7 @@ class GridView final : public QTableView {
   void showEvent(QShowEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   bool viewportEvent(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -37,6 +38,8 @@ class GridView final : public QTableView {
   int WidthFor(int column, int twips) const;
   void TakeCursor(int gridRow, int gridColumn);
   void TakeCurrentIndex();
+  /// Tells the program that the user wants to act on the current cell.
+  void RaiseDoubleClick();
   void ClickFixedCell(int gridRow, int gridColumn);
 
   /// Shows the whole text of the cell or heading at `position` if its place is too narrow for it.

@@ -1,17 +1,24 @@
 #include "platform/qt/native_controls.h"
 
+#include <QApplication>
+#include <QCheckBox>
+#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <limits>
 
 #include "platform/flex_grid.h"
+#include "platform/qt/check_list_view.h"
 #include "platform/qt/grid_view.h"
+#include "platform/qt/native_labels.h"
 #include "platform/qt/text.h"
 #include "platform/qt/wrapping_button.h"
 
 namespace kestrava {
 
 namespace {
+
+constexpr QSize kPictureSize(128, 128);
 
 /// Tells the control's state to `show`, now and after each change, until `link` goes.
 template <typename Show>
@@ -32,8 +39,26 @@ QWidget* MakeButton(Button& button, QObject& link, QWidget* parent) {
 }
 
 QWidget* MakeLabel(Label& label, QObject& link, QWidget* parent) {
-  auto* widget = new QLabel(ToShown(label.Spec().caption), parent);
-  Mirror(label, link, [widget, &label] { widget->setEnabled(label.Enabled()); });
+  auto* widget = new QLabel(parent);
+  QObject::connect(widget, &QLabel::linkActivated, &link, [&label] { label.Click.Raise(); });
+  Mirror(label, link, [widget, &label] { ShowLabel(label, *widget); });
+  return widget;
+}
+
+/// The program's icon, as large as the place allows.
+QWidget* MakePicture(QWidget* parent) {
+  auto* widget = new QLabel(parent);
+  widget->setPixmap(QApplication::windowIcon().pixmap(kPictureSize));
+  widget->setScaledContents(true);
+  widget->setMinimumSize(1, 1);
+  return widget;
+}
+
+QWidget* MakeCheckList(CheckList& list, QObject& link, QWidget* parent) {
+  auto* widget = new CheckListView(list, parent);
+  CheckListModel& model = widget->Model();
+  QObject::connect(&link, &QObject::destroyed, &model, &CheckListModel::Detach);
+  Mirror(list, link, [&model] { model.NoteChange(); });
   return widget;
 }
 
@@ -49,6 +74,18 @@ QWidget* MakeTextBox(TextBox& textBox, QObject& link, QWidget* parent) {
     const QString text = ToShown(textBox.Text());
     if (widget->text() != text) widget->setText(text);
     widget->setEnabled(textBox.Enabled());
+  });
+  return widget;
+}
+
+QWidget* MakeCheckBox(CheckBox& checkBox, QObject& link, QWidget* parent) {
+  auto* widget = new QCheckBox(ToShown(checkBox.Spec().caption), parent);
+  QObject::connect(widget, &QCheckBox::toggled, &link,
+                   [&checkBox](bool checked) { checkBox.SetChecked(checked); });
+  Mirror(checkBox, link, [widget, &checkBox] {
+    widget->setChecked(checkBox.Checked());
+    widget->setEnabled(checkBox.Enabled());
+    widget->setVisible(checkBox.Visible());
   });
   return widget;
 }
@@ -71,6 +108,12 @@ QWidget* MakeWidget(Control& control, QObject& link, QWidget* parent) {
       return MakeLabel(static_cast<Label&>(control), link, parent);
     case ControlKind::TextBox:
       return MakeTextBox(static_cast<TextBox&>(control), link, parent);
+    case ControlKind::CheckBox:
+      return MakeCheckBox(static_cast<CheckBox&>(control), link, parent);
+    case ControlKind::CheckList:
+      return MakeCheckList(static_cast<CheckList&>(control), link, parent);
+    case ControlKind::Picture:
+      return MakePicture(parent);
     case ControlKind::RemoteDesktop:
       break;
   }

@@ -13,23 +13,27 @@
 
 #include "platform/qt/native_controls.h"
 #include "platform/qt/native_menu.h"
+#include "platform/qt/native_timer.h"
 #include "platform/qt/text.h"
 
 namespace kestrava {
 
 namespace {
 
-constexpr Qt::WindowFlags kTitleBar = Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                                      Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+constexpr Qt::WindowFlags kTitleBar = Qt::CustomizeWindowHint | Qt::WindowTitleHint;
+constexpr Qt::WindowFlags kCloseBox = Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
 
 /// Makes a window around `area`, which is to stand below the menu bar.
 QWidget* MakeWindow(FormStyle style, QWidget* owner, QWidget* area) {
   if (style == FormStyle::MainWindow) {
-    auto* window = new QMainWindow(owner, Qt::Window | kTitleBar | Qt::WindowMinimizeButtonHint);
+    auto* window =
+        new QMainWindow(owner, Qt::Window | kTitleBar | kCloseBox | Qt::WindowMinimizeButtonHint);
     window->setCentralWidget(area);
     return window;
   }
-  auto* window = new QDialog(owner, Qt::Dialog | kTitleBar);
+  Qt::WindowFlags flags = Qt::Dialog | kTitleBar;
+  if (style != FormStyle::ToolWindowWithoutClose) flags |= kCloseBox;
+  auto* window = new QDialog(owner, flags);
   auto* layout = new QVBoxLayout(window);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(area);
@@ -56,6 +60,7 @@ NativeWindow::NativeWindow(Form& form, QWidget* owner)
   ChainTabOrder();
   NameForScreenReaders();
   Arrange();
+  for (Timer* timer : form.Timers()) new NativeTimer(*timer, link_.get());
   form.Observe([this] { ShowForm(); });
   ShowForm();
 }

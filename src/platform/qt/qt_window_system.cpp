@@ -75,7 +75,7 @@ QWidget* QtWindowSystem::Owner() const {
 void QtWindowSystem::Close(Form& form) {
   if (form.Spec().style == FormStyle::MainWindow) {
     Unload(form);
-  } else {
+  } else if (form.Spec().style != FormStyle::ToolWindowWithoutClose) {
     form.SetVisible(false);
   }
 }
