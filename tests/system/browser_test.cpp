@@ -1,0 +1,138 @@
+#include <array>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <regex>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "help/RegAPI.h"
+#include "platform/linux/file_descriptor.h"
+#include "platform/linux/linux_processes.h"
+#include "platform/linux/linux_registry.h"
+#include "platform/runtime_error.h"
+
+namespace kestrava::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A user's folder, "~" in the texts below, that goes with the test.
+class Browser : public testing::Test {
+ protected:
+  Browser() {
+    mkdtemp(home_.data());
+    for (const char* program : {"bin/good", "bin/qu\"ote", "my browser/run", "x/x-www-browser"}) {
+      Write(program, "");
+    }
+    Write("bin/plain", "");
+    fs::permissions(home_ + "/bin/plain", fs::perms::owner_read);
+  }
+  ~Browser() override { fs::remove_all(home_); }
+
+  void Write(const char* name, const std::string& text) const {
+    const fs::path path = home_ + '/' + name;
+    fs::create_directories(path.parent_path());
+    std::ofstream(path) << AtHome(text);
+    fs::permissions(path, fs::perms::owner_all);
+  }
+  std::string AtHome(const std::string& text) const {
+    return std::regex_replace(text, std::regex("~"), home_);
+  }
+
+  std::string home_ = fs::temp_directory_path() / "browser.XXXXXX";
+};
+
+TEST_F(Browser, IsTheDesktopsOrThatOfTheEnvironment) {
+  constexpr const char* kPath = "~/bin:~/x";
+  const struct {
+    const char *exec, *browsers, *path, *command;
+  } cases[] = {
+      {"~/bin/good --new %u", "x-www-browser", kPath, "\"~/bin/good\""},
+      {"good \"%U\"", "", kPath, "\"~/bin/good\""},
+      {"\"~/my browser/run\" --x=1 %u", "", kPath, "\"~/my browser/run\""},
+      {"~/bin/missing %u", "good", kPath, "\"~/bin/good\""},
+      {"~/bin/plain %u", "", kPath, "\"~/x/x-www-browser\""},
+      {"env A=B good %u", "~/bin/plain:missing:good run:~/bin/good %s", kPath, "\"~/bin/good\""},
+      {"~/bin/qu\\\\\"ote", "'unclosed::~/my\\ browser/run", kPath, "\"~/my browser/run\""},
+      {"good \"", "", "~/bin", "Invalid"},
+      {"~/bin", "~/bin:plain", "~/bin", "Invalid"},
+  };
+  Write("mimeapps.list", "[Default Applications]\nx-scheme-handler/http=b.desktop\n");
+  for (const auto& [exec, browsers, path, command] : cases) {
+    Write("applications/b.desktop",
+          std::string("[Desktop Entry]\nType=Application\nName=B\nExec=") + exec + '\n');
+    // GLib remembers the folders and files that it has seen, so each case has its own process.
+    if (fork() == 0) {
+      for (const char* name : {"DATA_HOME", "CONFIG_HOME", "DATA_DIRS", "CONFIG_DIRS"}) {
+        setenv((std::string("XDG_") + name).c_str(), home_.c_str(), 1);
+      }
+      setenv("PATH", AtHome(path).c_str(), 1);
+      setenv("BROWSER", AtHome(browsers).c_str(), 1);
+      LinuxRegistry registry;
+      _exit(FindBrowserCommand(registry) == AtHome(command) ? 0 : 1);
+    }
+    int status = 0;
+    wait(&status);
+    EXPECT_EQ(status, 0) << exec << " or " << browsers;
+  }
+}
+
+TEST_F(Browser, IsTheOneValueOfItsKeyAndHonoursTheBuffers) {
+  setenv("BROWSER", AtHome("~/bin/good").c_str(), 1);
+  LinuxRegistry registry;
+  std::int32_t key = 0, type = 0, size = 4096, nameLength = 1;
+  EXPECT_NE(registry.RegOpenKeyExA(HKEY_CLASSES_ROOT, "https", 0, KEY_READ, key), 0);
+  const std::string keyName = "http\\shell\\open\\command";
+  ASSERT_EQ(registry.RegOpenKeyExA(HKEY_CLASSES_ROOT, keyName, 0, KEY_READ, key), 0);
+  std::array<char, 1> name;
+  std::array<std::byte, 4096> data;
+  ASSERT_EQ(registry.RegEnumValueA(key, 0, name, nameLength, type, data, size), ERROR_SUCCESS);
+  EXPECT_EQ(std::tuple(nameLength, type), std::tuple(0, REG_SZ));
+  EXPECT_EQ(data.at(static_cast<std::size_t>(size) - 1), std::byte{0});
+  std::int32_t cases[][4] = {{0, 1, size, ERROR_SUCCESS},
+                             {0, 0, size, ERROR_MORE_DATA},
+                             {0, 1, size - 1, ERROR_MORE_DATA},
+                             {1, 1, size, ERROR_NO_MORE_ITEMS}};
+  for (auto& [index, nameRoom, room, result] : cases) {
+    EXPECT_EQ(registry.RegEnumValueA(key, index, name, nameRoom, type, data, room), result);
+  }
+}
+
+TEST_F(Browser, StartsWithOneArgumentAndNothingOfOurs) {
+  // Only built-in commands of the shell leave its signal mask as it came.
+  Write("my browser/run",
+        "#!/bin/sh\n{ printf '%s\\n' $# \"$1\"; while read line; do echo \"$line\"; done"
+        " </proc/$$/status; ls -l /proc/$$/fd; } >~/part; mv ~/part ~/record\n");
+  const FileDescriptor ours(open(AtHome("~/bin/plain").c_str(), O_RDONLY));
+  sigset_t ending;
+  sigemptyset(&ending);
+  sigaddset(&ending, SIGHUP);
+  pthread_sigmask(SIG_BLOCK, &ending, nullptr);
+  signal(SIGPIPE, SIG_IGN);
+  const std::string url = "http://a/b c?\"d'&e;$(exit)|`f` %u * \\";
+  LinuxProcesses().Start(AtHome("\"~/my browser/run\" ") + url);
+  EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a child is left to be waited for";
+  for (int i = 0; i < 1000 && !fs::exists(AtHome("~/record")); ++i) usleep(10000);
+  std::stringstream record;
+  record << std::ifstream(AtHome("~/record")).rdbuf();
+  EXPECT_TRUE(record.str().starts_with("1\n" + url + '\n')) << record.str();
+  EXPECT_EQ(record.str().find("bin/plain"), std::string::npos) << record.str();
+  // The C library's own two signals, 32 and 33, are ignored in what it starts.
+  for (const char* line : {" 0 -> /dev/null\n", "SigBlk:\t0{16}\n", "SigIgn:\t.{8}[08]0{7}\n"}) {
+    EXPECT_TRUE(std::regex_search(record.str(), std::regex(line))) << line << record.str();
+  }
+}
+
+TEST_F(Browser, ThatCannotStartIsAnError) {
+  for (const char* wrong :
+       {"\"~/none\" u", "\"~/bin/plain\" u", "~/bin/good u", "\"~/bin/good\""}) {
+    EXPECT_THROW(LinuxProcesses().Start(AtHome(wrong)), RuntimeError) << wrong;
+  }
+}
+
+}  // namespace
+}  // namespace kestrava::test
