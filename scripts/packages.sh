@@ -2,12 +2,12 @@
 # The Debian packages behind each script, and a function that installs those that are missing.
 # Sourced by the scripts; needs bash.
 
-build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libglib2.0-dev)
+build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libglib2.0-dev libxcb1-dev)
 # The program asks `ping` where the system grants its user no ICMP socket.
 run_packages=(iputils-ping fonts-dejavu-core)
 # A virtual screen with a hand and an eye, and machines to be checked.
 stage_packages=(xvfb xdotool scrot xrdp iproute2)
-test_packages=(libgtest-dev tidy)
+test_packages=(libgtest-dev tidy dbus-daemon trayer)
 ci_packages=(clang clang-format clang-tidy libclang-rt-14-dev llvm)
 
 # The service that comes with xrdp would open this machine to the network. Only the server program

@@ -11,12 +11,15 @@
 #include "platform/linux/linux_registry.h"
 #include "platform/linux/linux_remote_desktop.h"
 #include "platform/linux/linux_sockets.h"
+#include "platform/linux/linux_version_info.h"
 #include "platform/linux/termination_signals.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_message_boxes.h"
 #include "platform/qt/qt_prompt_boxes.h"
 #include "platform/qt/qt_settings_store.h"
 #include "platform/qt/qt_window_system.h"
+#include "platform/qt/tray/qt_notification_area.h"
+#include "platform/qt/tray/qt_window_messages.h"
 
 namespace {
 
@@ -64,6 +67,9 @@ int main(int argc, char* argv[]) {
   QtMessageBoxes messageBoxes(eventLoop);
   QtPromptBoxes promptBoxes(eventLoop);
   QtWindowSystem windows(eventLoop);
+  QtWindowMessages messages(windows, eventLoop);
+  QtNotificationArea notificationArea(messages);
+  LinuxVersionInfo versions;
   frmMain mainWindow({.windows = windows,
                       .eventLoop = eventLoop,
                       .messageBoxes = messageBoxes,
@@ -73,16 +79,20 @@ int main(int argc, char* argv[]) {
                       .sockets = sockets,
                       .rdp = rdp,
                       .settings = settings,
+                      .notificationArea = notificationArea,
+                      .versions = versions,
+                      .messages = messages,
                       .registry = registry,
                       .processes = processes});
 
+  notificationArea.ExportMenu(mainWindow, mainWindow.mnufile, mainWindow.mnuFileRestore);
   unloadMainWindow = [&] { windows.Unload(mainWindow); };
   eventLoop.Watch(rdp);
   eventLoop.Watch(terminationSignals);
   QObject::connect(&eventLoop, &QtEventLoop::Ended, &application, [] { QApplication::exit(); });
 
   windows.Load(mainWindow);
-  windows.Show(mainWindow);
+  if (!mainWindow.State().InTray) windows.Show(mainWindow);
   if (!eventLoop.HasEnded()) QApplication::exec();
   windows.Unload(mainWindow);
   return 0;

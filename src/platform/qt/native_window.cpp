@@ -86,6 +86,9 @@ bool NativeWindow::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::StyleChange:
       Arrange();
       break;
+    case QEvent::WindowStateChange:
+      TakeWindowState();
+      break;
     default:
       break;
   }
@@ -152,9 +155,37 @@ void NativeWindow::ShowForm() {
   } else {
     widget_->unsetCursor();
   }
+  ShowWindowState();
+  ShowVisibility();
+}
+
+void NativeWindow::ShowWindowState() {
+  const bool minimized = form_->WindowState() == WindowState::Minimized;
+  if (widget_->isMinimized() == minimized) return;
+  widget_->setWindowState(widget_->windowState().setFlag(Qt::WindowMinimized, minimized));
+}
+
+void NativeWindow::ShowVisibility() {
   if (widget_->isVisible() == form_->Visible()) return;
-  widget_->setVisible(form_->Visible());
-  if (!form_->Visible()) emit Hidden();
+  if (!form_->Visible()) {
+    hiddenAt_ = widget_->pos();
+    widget_->hide();
+    emit Hidden();
+    return;
+  }
+  if (hiddenAt_) widget_->move(*hiddenAt_);
+  widget_->show();
+  if (!hiddenAt_) return;
+  // It comes back in front.
+  widget_->raise();
+  widget_->activateWindow();
+}
+
+void NativeWindow::TakeWindowState() {
+  const WindowState state = widget_->isMinimized() ? WindowState::Minimized : WindowState::Normal;
+  if (form_->WindowState() == state) return;
+  form_->SetWindowState(state);
+  form_->Resize.Raise();
 }
 
 void NativeWindow::MoveToPlace() {

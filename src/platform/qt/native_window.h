@@ -4,6 +4,7 @@
 #include <QPoint>
 #include <QWidget>
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -46,6 +47,10 @@ class NativeWindow final : public QObject {
   /// Mirrors the state of the form itself.
   void ShowForm();
   void MoveToPlace();
+  void ShowVisibility();
+  void ShowWindowState();
+  /// The user has minimised the window or brought it back.
+  void TakeWindowState();
   void PressCancelButton();
 
   struct Part {
@@ -60,6 +65,7 @@ class NativeWindow final : public QObject {
   TwipScale scale_;
   std::pair<int, int> place_;  ///< where the form was last put, in its twips
   bool placed_ = false;
+  std::optional<QPoint> hiddenAt_;  ///< where the window was when it was hidden
   /// What connects the widgets with the form is cut when it goes.
   std::unique_ptr<QObject> link_;
 };

@@ -60,6 +60,11 @@ TwipSize QtWindowSystem::OuterSize(const Form& form) const {
   return {window->Scale().ToTwips(size.width()), window->Scale().ToTwips(size.height())};
 }
 
+QWidget* QtWindowSystem::WidgetOf(const Form& form) const {
+  const NativeWindow* window = WindowOf(form);
+  return window ? &window->Widget() : nullptr;
+}
+
 NativeWindow* QtWindowSystem::WindowOf(const Form& form) const {
   const auto found = windows_.find(&form);
   return found == windows_.end() ? nullptr : found->second;

@@ -20,6 +20,9 @@ class QtWindowSystem final : public WindowSystem {
   TwipSize ScreenSize(const Form& form) const override;
   TwipSize OuterSize(const Form& form) const override;
 
+  /// The native window of a loaded form, or nullptr.
+  QWidget* WidgetOf(const Form& form) const;
+
  private:
   NativeWindow* WindowOf(const Form& form) const;
   QWidget* Owner() const;

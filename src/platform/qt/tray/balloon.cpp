@@ -1,0 +1,25 @@
+#include "platform/qt/tray/balloon.h"
+
+namespace kestrava {
+
+Balloon::Balloon() {
+  connect(&service_, &NotificationService::Clicked, this, &Balloon::Clicked);
+  connect(&service_, &NotificationService::Failed, this,
+          [this] { window_.ShowText(title_, body_, anchor_); });
+  connect(&window_, &BalloonWindow::Clicked, this, &Balloon::Clicked);
+}
+
+void Balloon::Show(const QString& title, const QString& body, const QRect& anchor) {
+  title_ = title;
+  body_ = body;
+  anchor_ = anchor;
+  window_.hide();
+  service_.Show(title, body);
+}
+
+void Balloon::Hide() {
+  service_.Hide();
+  window_.hide();
+}
+
+}  // namespace kestrava

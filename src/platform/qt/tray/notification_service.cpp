@@ -1,0 +1,143 @@
+#include "platform/qt/tray/notification_service.h"
+
+#include <QDBusConnection>
+#include <QDBusPendingCallWatcher>
+#include <QVariantMap>
+#include <chrono>
+#include <utility>
+
+namespace kestrava {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr const char* kService = "org.freedesktop.Notifications";
+constexpr const char* kPath = "/org/freedesktop/Notifications";
+constexpr const char* kDefaultAction = "default";
+
+/// After this time without an answer the service is taken for failed.
+constexpr std::chrono::milliseconds kPatience = 1s;
+
+/// For so long a late answer is still understood.
+constexpr std::chrono::milliseconds kLatestAnswer = 10min;
+
+/// The program closes its notifications itself. This is for one that it leaves behind.
+constexpr std::chrono::milliseconds kExpiry = 10s;
+
+QDBusMessage Call(const char* method, const QVariantList& arguments) {
+  QDBusMessage call = QDBusMessage::createMethodCall(kService, kPath, kService, method);
+  call.setArguments(arguments);
+  return call;
+}
+
+}  // namespace
+
+NotificationService::NotificationService() {
+  patience_.setSingleShot(true);
+  patience_.setInterval(kPatience);
+  connect(&patience_, &QTimer::timeout, this, &NotificationService::Fail);
+}
+
+void NotificationService::Show(const QString& title, const QString& body) {
+  ++wish_;
+  wanted_ = true;
+  if (!Connect() || owesAnswer_) {
+    Fail();
+    return;
+  }
+  patience_.start();
+  // Another service may have taken the place of the one that showed the last notification.
+  Ask("GetCapabilities", {}, [this, title, body, wish = wish_](const QDBusMessage& answer) {
+    if (wish == wish_) TakeCapabilities(answer.arguments().value(0).toStringList(), title, body);
+  });
+}
+
+void NotificationService::Hide() {
+  ++wish_;
+  wanted_ = false;
+  patience_.stop();
+  Close(std::exchange(id_, 0));
+}
+
+bool NotificationService::Connect() {
+  QDBusConnection bus = QDBusConnection::sessionBus();
+  if (!bus.isConnected()) return false;
+  if (std::exchange(connected_, true)) return true;
+  watcher_.setConnection(bus);
+  watcher_.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
+  watcher_.addWatchedService(kService);
+  connect(&watcher_, &QDBusServiceWatcher::serviceUnregistered, this, [this] {
+    id_ = 0;
+    if (wanted_) Fail();
+  });
+  bus.connect({}, kPath, kService, "ActionInvoked", this, SLOT(TakeClick(uint, QString)));
+  bus.connect({}, kPath, kService, "NotificationClosed", this, SLOT(TakeClosed(uint, uint)));
+  bus.connect({}, kPath, kService, "ActivationToken", this,
+              SLOT(TakeActivationToken(uint, QString)));
+  return true;
+}
+
+void NotificationService::Ask(const char* method, const QVariantList& arguments, TakeAnswer take) {
+  const int timeout = static_cast<int>(kLatestAnswer.count());
+  auto* question = new QDBusPendingCallWatcher(
+      QDBusConnection::sessionBus().asyncCall(Call(method, arguments), timeout), this);
+  owesAnswer_ = true;
+  connect(question, &QDBusPendingCallWatcher::finished, this,
+          [this, take = std::move(take)](QDBusPendingCallWatcher* answered) {
+            owesAnswer_ = false;
+            answered->deleteLater();
+            take(answered->reply());
+          });
+}
+
+void NotificationService::TakeCapabilities(const QStringList& capabilities, const QString& title,
+                                           QString body) {
+  // An error has no capabilities either.
+  if (!capabilities.contains("actions")) {
+    Fail();
+    return;
+  }
+  if (capabilities.contains("body-markup")) body = body.toHtmlEscaped();
+  const QVariantMap hints = {{"desktop-entry", "kestrava"}, {"transient", true}};
+  const int expiry = static_cast<int>(kExpiry.count());
+  const QVariantList arguments = {
+      "Kestrava", id_,   "kestrava", title, body, QStringList{kDefaultAction, "Restore Kestrava"},
+      hints,      expiry};
+  Ask("Notify", arguments, [this, wish = wish_](const QDBusMessage& answer) {
+    const uint id = answer.arguments().value(0).toUInt();
+    if (wish != wish_) {
+      Close(id);
+    } else if (id == 0) {
+      Fail();
+    } else {
+      id_ = id;
+      patience_.stop();
+    }
+  });
+}
+
+void NotificationService::TakeClick(uint id, const QString& action) {
+  if (id != 0 && id == id_ && action == kDefaultAction) emit Clicked();
+}
+
+void NotificationService::TakeClosed(uint id, uint) {
+  if (id != id_) return;
+  id_ = 0;
+  wanted_ = false;
+}
+
+void NotificationService::TakeActivationToken(uint id, const QString& token) {
+  if (id != 0 && id == id_) qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+}
+
+void NotificationService::Close(uint id) {
+  if (id != 0) QDBusConnection::sessionBus().send(Call("CloseNotification", {id}));
+}
+
+void NotificationService::Fail() {
+  Hide();
+  emit Failed();
+}
+
+}  // namespace kestrava

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QDBusMessage>
+#include <QDBusServiceWatcher>
+#include <QObject>
+#include <QTimer>
+#include <functional>
+
+namespace kestrava {
+
+/// The desktop's notification service: org.freedesktop.Notifications of the Desktop Notifications
+/// Specification of freedesktop.org. It shows one notification at a time. Nothing here ever waits
+/// for the service.
+class NotificationService final : public QObject {
+  Q_OBJECT
+
+ public:
+  NotificationService();
+
+  /// Shows a notification, in place of the one that is up.
+  void Show(const QString& title, const QString& body);
+
+  /// Closes the notification. One that the service has yet to show is closed as soon as it shows.
+  void Hide();
+
+ signals:
+  void Clicked();
+  /// The service doesn't show the notification, can't tell a click on it, or has gone with it.
+  void Failed();
+
+ private slots:
+  void TakeClick(uint id, const QString& action);
+  void TakeClosed(uint id, uint reason);
+  /// The click's token lets the program bring its window to the front.
+  void TakeActivationToken(uint id, const QString& token);
+
+ private:
+  using TakeAnswer = std::function<void(const QDBusMessage& answer)>;
+
+  bool Connect();
+  void Ask(const char* method, const QVariantList& arguments, TakeAnswer take);
+  void TakeCapabilities(const QStringList& capabilities, const QString& title, QString body);
+  void Close(uint id);
+  void Fail();
+
+  bool connected_ = false;
+  QDBusServiceWatcher watcher_;
+  QTimer patience_;
+  /// Counts what was asked of the service last, so that late answers to earlier wishes are known.
+  unsigned wish_ = 0;
+  bool wanted_ = false;  ///< a notification is up or asked for
+  bool owesAnswer_ = false;
+  uint id_ = 0;  ///< of the notification that is up; 0 for none
+};
+
+}  // namespace kestrava

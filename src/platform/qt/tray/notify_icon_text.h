@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+#include <string_view>
+
+namespace kestrava {
+
+/// The text in a field of a record: up to the first NUL, or all of it. A multi-byte character that
+/// the field's end has cut is left out. Control characters other than line breaks become blanks.
+QString NotifyIconText(std::string_view field);
+
+}  // namespace kestrava

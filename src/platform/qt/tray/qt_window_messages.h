@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QIcon>
+#include <QMenu>
+#include <QObject>
+#include <deque>
+#include <map>
+#include <memory>
+
+#include "platform/qt/qt_event_loop.h"
+#include "platform/qt/qt_window_system.h"
+#include "platform/window_messages.h"
+
+namespace kestrava {
+
+/// Window messages for the windows of a `QtWindowSystem`. An icon's handle is that of its window.
+class QtWindowMessages final : public WindowMessages {
+ public:
+  QtWindowMessages(QtWindowSystem& windows, QtEventLoop& eventLoop)
+      : windows_(windows), eventLoop_(eventLoop) {}
+
+  std::int32_t WindowHandle(const Form& form) const override;
+  std::int32_t IconHandle(const Form& form) const override { return WindowHandle(form); }
+  std::int32_t AddressOf(WindowProc procedure) override;
+  std::int32_t SetWindowLongA(std::int32_t hWnd, int index, std::int32_t address) override;
+  std::int32_t CallWindowProcA(std::int32_t address, std::int32_t hWnd, std::int32_t uMsg,
+                               std::int32_t wParam, std::int32_t lParam) override;
+  void SetForegroundWindow(std::int32_t hWnd) override;
+  /// Returns at once while another popup is open.
+  void PopupMenu(Form& form, const MenuEntry& menu, const MenuEntry& defaultEntry) override;
+
+  /// Sends the message to the window's own procedure in a later turn of the event loop; a window
+  /// that has gone by then gets nothing.
+  void Post(std::int32_t hWnd, std::int32_t uMsg, std::int32_t wParam, std::int32_t lParam);
+
+  /// The widget of a loaded window, or nullptr.
+  QWidget* WindowOf(std::int32_t hWnd) const;
+  QIcon IconOf(std::int32_t hIcon) const;
+
+  /// The menu that `PopupMenu` shows, or nullptr where the form has no such menu on the screen.
+  std::unique_ptr<QMenu> MakeMenu(Form& form, const MenuEntry& menu, const MenuEntry& defaultEntry);
+
+ private:
+  QtWindowSystem& windows_;
+  QtEventLoop& eventLoop_;
+  QObject receiver_;  ///< messages that are under way go with it
+  bool popupOpen_ = false;
+  /// A form keeps its number for good. A handle is the place in this list, from 1.
+  mutable std::deque<const Form*> forms_;
+  std::map<std::int32_t, std::int32_t> addresses_;  ///< of the procedures that windows were given
+  std::deque<WindowProc> procedures_;  ///< an address is the place in this list, from 2
+};
+
+}  // namespace kestrava

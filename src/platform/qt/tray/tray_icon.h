@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QIcon>
+#include <QMenu>
+#include <QObject>
+#include <QSystemTrayIcon>
+#include <functional>
+#include <memory>
+
+#include "platform/qt/tray/stand_in_icon.h"
+#include "platform/qt/tray/status_notifier_watch.h"
+#include "platform/qt/tray/xembed_watch.h"
+
+namespace kestrava {
+
+/// An icon in the desktop's tray, whichever kind of tray that is. It follows trays that come and go
+/// while the program runs; where there is none, a window in the corner of the screen stands in.
+class TrayIcon final : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Makes the menu for a tray that draws the icon's menu itself; may give nullptr.
+  using MakeMenu = std::function<std::unique_ptr<QMenu>()>;
+
+  explicit TrayIcon(MakeMenu makeMenu);
+
+  void SetIcon(const QIcon& icon);
+  void SetTip(const QString& tip);
+
+  /// Where the icon is on the screen; empty where nobody knows.
+  QRect Geometry() const;
+
+ signals:
+  /// The user has asked for the icon's menu, and nobody else shows it.
+  void ContextRequested();
+
+ private:
+  enum class Road { None, StatusNotifier, Xembed, StandIn };
+
+  void Follow();
+  Road BestRoad() const;
+  void ShowInTray(Road road);
+  void ShowStandIn();
+
+  MakeMenu makeMenu_;
+  QIcon icon_;
+  QString tip_;
+  Road road_ = Road::None;
+  StatusNotifierWatch statusNotifier_;
+  XembedWatch xembed_;
+  std::unique_ptr<QMenu> menu_;
+  std::unique_ptr<QSystemTrayIcon> inTray_;
+  std::unique_ptr<StandInIcon> standIn_;
+};
+
+}  // namespace kestrava
