@@ -15,9 +15,7 @@ double Read(clockid_t clock) {
 
 }  // namespace
 
-Moment Moment::Now() {
-  return {Read(CLOCK_MONOTONIC), Read(CLOCK_PROCESS_CPUTIME_ID)};
-}
+Moment Moment::Now() { return {Read(CLOCK_MONOTONIC), Read(CLOCK_PROCESS_CPUTIME_ID)}; }
 
 std::int16_t AttemptMeter::Connected() {
   const std::int16_t connected = rdp_.Connected();

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QFile>
 #include <QIcon>
 #include <clocale>
 #include <cstdio>
@@ -6,6 +7,7 @@
 
 #include "monitor/frmMain.h"
 #include "platform/linux/linux_clock.h"
+#include "platform/linux/linux_file_system.h"
 #include "platform/linux/linux_icmp.h"
 #include "platform/linux/linux_processes.h"
 #include "platform/linux/linux_registry.h"
@@ -13,6 +15,7 @@
 #include "platform/linux/linux_sockets.h"
 #include "platform/linux/linux_version_info.h"
 #include "platform/linux/termination_signals.h"
+#include "platform/qt/qt_common_dialog.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_message_boxes.h"
 #include "platform/qt/qt_prompt_boxes.h"
@@ -60,30 +63,36 @@ int main(int argc, char* argv[]) {
   LinuxIcmp icmp;
   LinuxSockets sockets;
   LinuxRemoteDesktop rdp;
+  LinuxFileSystem fileSystem;
   LinuxRegistry registry;
   LinuxProcesses processes;
   QtSettingsStore settings;
   QtEventLoop eventLoop;
   QtMessageBoxes messageBoxes(eventLoop);
   QtPromptBoxes promptBoxes(eventLoop);
+  QtCommonDialog commonDialog(eventLoop);
   QtWindowSystem windows(eventLoop);
   QtWindowMessages messages(windows, eventLoop);
   QtNotificationArea notificationArea(messages);
   LinuxVersionInfo versions;
-  frmMain mainWindow({.windows = windows,
-                      .eventLoop = eventLoop,
-                      .messageBoxes = messageBoxes,
-                      .promptBoxes = promptBoxes,
-                      .clock = clock,
-                      .icmp = icmp,
-                      .sockets = sockets,
-                      .rdp = rdp,
-                      .settings = settings,
-                      .notificationArea = notificationArea,
-                      .versions = versions,
-                      .messages = messages,
-                      .registry = registry,
-                      .processes = processes});
+  frmMain mainWindow(
+      {.windows = windows,
+       .eventLoop = eventLoop,
+       .messageBoxes = messageBoxes,
+       .promptBoxes = promptBoxes,
+       .commonDialog = commonDialog,
+       .clock = clock,
+       .icmp = icmp,
+       .sockets = sockets,
+       .rdp = rdp,
+       .settings = settings,
+       .fileSystem = fileSystem,
+       .notificationArea = notificationArea,
+       .versions = versions,
+       .messages = messages,
+       .registry = registry,
+       .processes = processes,
+       .programFolder = QFile::encodeName(QApplication::applicationDirPath()).toStdString()});
 
   notificationArea.ExportMenu(mainWindow, mainWindow.mnufile, mainWindow.mnuFileRestore);
   unloadMainWindow = [&] { windows.Unload(mainWindow); };

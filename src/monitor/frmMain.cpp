@@ -6,6 +6,7 @@
 #include "general/modGeneral.h"
 #include "help/frmAbout.h"
 #include "help/web_pages.h"
+#include "lists/connection_list_file.h"
 #include "monitor/connection_table.h"
 #include "monitor/main_window_spec.h"
 #include "platform/notification_area.h"
@@ -29,6 +30,8 @@ frmMain::frmMain(const Platform& platform)
       probe_(ping_, platform.rdp, platform.eventLoop),
       checkPass_(grdServers, probe_, platform.eventLoop, platform.clock, *this, state_),
       schedule_(platform.clock, state_),
+      lists_(grdServers, platform.fileSystem, platform.commonDialog, platform.messageBoxes,
+             state_.LastListFile, platform.programFolder, [this] { ApplyButtonRule(); }),
       trayMessages_(*this, mnufile, mnuFileRestore, platform.messages, state_,
                     [this] { RestoreWindow(); }),
       icon_(platform.notificationArea, platform.versions, trayMessages_),
@@ -42,6 +45,9 @@ frmMain::frmMain(const Platform& platform)
   grdServers.DblClick.Connect([this] { grdServers_DblClick(); });
   tmrCheck.Tick.Connect([this] { tmrCheck_Timer(); });
   tmrBalloon.Tick.Connect([this] { tmrBalloon_Timer(); });
+  mnuFileNew.Click.Connect([this] { mnuFileNew_Click(); });
+  mnuFileLoad.Click.Connect([this] { mnuFileLoad_Click(); });
+  mnuFileSave.Click.Connect([this] { mnuFileSave_Click(); });
   mnuFileAuto.Click.Connect([this] { mnuFileAuto_Click(); });
   mnuFileRestore.Click.Connect([this] { mnuFileRestore_Click(); });
   mnuFileTray.Click.Connect([this] { mnuFileTray_Click(); });
@@ -50,9 +56,6 @@ frmMain::frmMain(const Platform& platform)
   mnuConnPref.Click.Connect([this] { mnuConnPref_Click(); });
   mnuHelpCont.Click.Connect([this] { mnuHelpCont_Click(); });
   mnuHelpAbout.Click.Connect([this] { mnuHelpAbout_Click(); });
-
-  // Entries that have no command yet.
-  for (MenuEntry* entry : {&mnuFileNew, &mnuFileLoad, &mnuFileSave}) entry->SetEnabled(false);
 }
 
 void frmMain::Form_Load() {
@@ -62,6 +65,9 @@ void frmMain::Form_Load() {
   icon_.TrayIconAdd();
   mnuFileAuto.SetChecked(ReadBoolean(platform_.settings, kAutoLoadList));
   state_.LastListFile = ReadText(platform_.settings, kLastListFile);
+  if (mnuFileAuto.Checked() && !state_.LastListFile.empty()) {
+    LoadConnectionList(state_.LastListFile, grdServers, platform_.fileSystem);
+  }
   schedule_.SetInterval(ReadMinutes(platform_.settings, kInterval));
   state_.ShowBalloons = ReadBoolean(platform_.settings, kTips);
   if (ReadsOne(platform_.settings, kTray)) mnuFileTray_Click();
@@ -109,6 +115,12 @@ void frmMain::tmrBalloon_Timer() {
   tmrBalloon.SetEnabled(false);
   tmrBalloon.SetInterval(kBalloonMilliseconds);
 }
+
+void frmMain::mnuFileNew_Click() { lists_.NewList(); }
+
+void frmMain::mnuFileLoad_Click() { lists_.LoadList(); }
+
+void frmMain::mnuFileSave_Click() { lists_.SaveList(); }
 
 void frmMain::mnuFileAuto_Click() {
   mnuFileAuto.SetChecked(!mnuFileAuto.Checked());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "help/RegAPI.h"
+#include "lists/list_commands.h"
 #include "monitor/check_pass.h"
 #include "monitor/check_schedule.h"
 #include "monitor/shared_state.h"
@@ -64,6 +65,9 @@ class frmMain : public Form {
   void grdServers_DblClick();
   void tmrCheck_Timer();
   void tmrBalloon_Timer();
+  void mnuFileNew_Click();
+  void mnuFileLoad_Click();
+  void mnuFileSave_Click();
   void mnuFileAuto_Click();
   void mnuFileRestore_Click();
   void mnuFileTray_Click();
@@ -86,6 +90,7 @@ class frmMain : public Form {
   ConnectionProbe probe_;
   CheckPass checkPass_;
   CheckSchedule schedule_;
+  ListCommands lists_;
   TrayMessages trayMessages_;
   NotificationIcon icon_;
   RegAPI browser_;

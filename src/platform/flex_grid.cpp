@@ -1,6 +1,7 @@
 #include "platform/flex_grid.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "platform/runtime_error.h"
@@ -11,12 +12,6 @@ namespace {
 
 constexpr std::int32_t kInitialRows = 2;
 constexpr std::int32_t kInitialColWidth = 960;
-
-void CheckIndex(std::int32_t index, std::int32_t count) {
-  if (index < 0 || index >= count) {
-    throw RuntimeError(kErrorIndexOutOfRange, "no such row or column in the grid");
-  }
-}
 
 void CheckCount(std::int32_t count) {
   if (count < 1) throw RuntimeError(kErrorInvalidCall, "a grid keeps its heading row and column");
@@ -32,9 +27,10 @@ MSFlexGrid::MSFlexGrid(Form& form, const char* name) : Control(form, name, Contr
 void MSFlexGrid::SetRows(std::int32_t rows) {
   CheckCount(rows);
   const auto count = static_cast<std::size_t>(rows);
-  if (count < rows_.size()) rows_.erase(rows_.begin() + rows, rows_.end());
-  while (rows_.size() < count) {
-    rows_.push_back({nextSerial_++, std::vector<Cell>(static_cast<std::size_t>(cols_))});
+  MoveGap(std::min(rows, Rows()));
+  below_.clear();
+  while (above_.size() < count) {
+    above_.emplace_back(nextSerial_++, static_cast<std::size_t>(cols_));
   }
   row_ = std::min(row_, rows - 1);
   TellShape();
@@ -45,28 +41,20 @@ void MSFlexGrid::SetCols(std::int32_t cols) {
   cols_ = cols;
   const auto count = static_cast<std::size_t>(cols);
   widths_.resize(count, kInitialColWidth);
-  for (RowData& row : rows_) row.cells.resize(count);
+  for (auto* part : {&above_, &below_}) {
+    for (GridRow& row : *part) row.SetCols(count);
+  }
   col_ = std::min(col_, cols - 1);
   TellShape();
 }
 
-void MSFlexGrid::SetRow(std::int32_t row) {
-  CheckIndex(row, Rows());
-  row_ = row;
-}
-
-void MSFlexGrid::SetCol(std::int32_t col) {
-  CheckIndex(col, cols_);
-  col_ = col;
-}
-
-void MSFlexGrid::SetText(std::string text) {
-  CurrentCell().text = std::move(text);
+void MSFlexGrid::SetText(std::string_view text) {
+  CurrentRow().SetText(static_cast<std::size_t>(col_), text);
   if (gridObserver_) gridObserver_->CellChanged(row_, col_);
 }
 
 void MSFlexGrid::SetCellBackColor(Color color) {
-  CurrentCell().backColor = color;
+  CurrentRow().SetBackColor(static_cast<std::size_t>(col_), color);
   if (gridObserver_) gridObserver_->CellChanged(row_, col_);
 }
 
@@ -84,37 +72,64 @@ void MSFlexGrid::SetColWidth(std::int32_t col, std::int32_t twips) {
 void MSFlexGrid::RemoveItem(std::int32_t row) {
   CheckIndex(row, Rows());
   if (row == 0) throw RuntimeError(kErrorInvalidCall, "the heading row can't be removed");
-  rows_.erase(rows_.begin() + row);
+  MoveGap(row + 1);
+  above_.pop_back();
   row_ = std::min(row_, Rows() - 1);
   TellShape();
 }
 
 RowBookmark MSFlexGrid::Bookmark(std::int32_t row) const {
   CheckIndex(row, Rows());
-  return {rows_[static_cast<std::size_t>(row)].serial};
+  return {RowAt(row).Serial()};
 }
 
 std::optional<std::int32_t> MSFlexGrid::RowOf(RowBookmark bookmark) const {
-  const auto found = std::ranges::lower_bound(rows_, bookmark.serial, {}, &RowData::serial);
-  if (found == rows_.end() || found->serial != bookmark.serial) return std::nullopt;
-  return static_cast<std::int32_t>(found - rows_.begin());
+  const std::int32_t row = FirstRowFrom(bookmark.serial);
+  if (row == Rows() || RowAt(row).Serial() != bookmark.serial) return std::nullopt;
+  return row;
 }
 
 std::int32_t MSFlexGrid::RowBehind(RowBookmark bookmark) const {
-  const auto found = std::ranges::upper_bound(rows_, bookmark.serial, {}, &RowData::serial);
-  return static_cast<std::int32_t>(found - rows_.begin());
+  return FirstRowFrom(bookmark.serial + 1);
 }
 
-const MSFlexGrid::Cell& MSFlexGrid::CellAt(std::int32_t row, std::int32_t col) const {
-  return rows_[static_cast<std::size_t>(row)].cells[static_cast<std::size_t>(col)];
-}
-
-const std::string& MSFlexGrid::TextAt(std::int32_t row, std::int32_t col) const {
-  return CellAt(row, col).text;
+std::string MSFlexGrid::TextAt(std::int32_t row, std::int32_t col) const {
+  return std::string(RowAt(row).Text(static_cast<std::size_t>(col)));
 }
 
 Color MSFlexGrid::BackColorAt(std::int32_t row, std::int32_t col) const {
-  return CellAt(row, col).backColor;
+  return RowAt(row).BackColor(static_cast<std::size_t>(col));
+}
+
+/// The number of the first row with that serial or a higher one; `Rows` if there is none.
+std::int32_t MSFlexGrid::FirstRowFrom(std::uint64_t serial) const {
+  std::int32_t first = 0;
+  for (std::int32_t end = Rows(); first < end;) {
+    const std::int32_t middle = std::midpoint(first, end);
+    if (RowAt(middle).Serial() < serial) {
+      first = middle + 1;
+    } else {
+      end = middle;
+    }
+  }
+  return first;
+}
+
+/// Makes `row`, or the end of the table, the first place below the gap.
+void MSFlexGrid::MoveGap(std::int32_t row) {
+  const auto place = static_cast<std::size_t>(row);
+  while (above_.size() > place) {
+    below_.push_back(std::move(above_.back()));
+    above_.pop_back();
+  }
+  while (above_.size() < place) {
+    above_.push_back(std::move(below_.back()));
+    below_.pop_back();
+  }
+}
+
+void MSFlexGrid::RaiseIndexOutOfRange() {
+  throw RuntimeError(kErrorIndexOutOfRange, "no such row or column in the grid");
 }
 
 void MSFlexGrid::TellShape() {

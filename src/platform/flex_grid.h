@@ -3,10 +3,13 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/color.h"
 #include "platform/control.h"
+#include "platform/grid_row.h"
 
 namespace kestrava {
 
@@ -39,7 +42,7 @@ class MSFlexGrid : public Control {
   /// current one.
   Event DblClick;
 
-  std::int32_t Rows() const { return static_cast<std::int32_t>(rows_.size()); }
+  std::int32_t Rows() const { return static_cast<std::int32_t>(above_.size() + below_.size()); }
   /// Grows the table at the bottom by empty rows, or cuts it there. A current row that is cut off
   /// gives way to the last row left.
   /// @throws RuntimeError (5) below 1, the heading row.
@@ -52,12 +55,20 @@ class MSFlexGrid : public Control {
   std::int32_t Row() const { return row_; }
   std::int32_t Col() const { return col_; }
   /// @throws RuntimeError (9) outside the table.
-  void SetRow(std::int32_t row);
-  void SetCol(std::int32_t col);
+  void SetRow(std::int32_t row) {
+    CheckIndex(row, Rows());
+    row_ = row;
+  }
+  void SetCol(std::int32_t col) {
+    CheckIndex(col, cols_);
+    col_ = col;
+  }
 
   /// The current cell.
-  const std::string& Text() const { return CurrentCell().text; }
-  void SetText(std::string text);
+  std::string Text() const { return std::string(TextView()); }
+  /// The same without a copy; it stays until the next change of the grid.
+  std::string_view TextView() const { return RowAt(row_).Text(static_cast<std::size_t>(col_)); }
+  void SetText(std::string_view text);
   void SetCellBackColor(Color color);
 
   /// In twips; 960, a width of the grid's own, until it is set.
@@ -65,7 +76,8 @@ class MSFlexGrid : public Control {
   std::int32_t ColWidth(std::int32_t col) const;
   void SetColWidth(std::int32_t col, std::int32_t twips);
 
-  /// Removes a row; the rows below move up.
+  /// Removes a row; the rows below move up. Costs the more the farther the row is from the place of
+  /// the latest change.
   /// @throws RuntimeError (9) outside the table, (5) for the heading row.
   void RemoveItem(std::int32_t row);
 
@@ -79,32 +91,34 @@ class MSFlexGrid : public Control {
   std::int32_t RowBehind(RowBookmark bookmark) const;
 
   /// For showing a cell without moving the current one. The indexes must be inside the table.
-  const std::string& TextAt(std::int32_t row, std::int32_t col) const;
+  std::string TextAt(std::int32_t row, std::int32_t col) const;
   Color BackColorAt(std::int32_t row, std::int32_t col) const;
 
   /// Sets the one view; nullptr takes it away.
   void SetObserver(GridObserver* observer) { gridObserver_ = observer; }
 
  private:
-  struct Cell {
-    std::string text;
-    Color backColor = kNoColor;
-  };
-  /// Rows come only at the bottom and keep their order, so serials ascend down the table and a
-  /// bookmark finds its row by binary search.
-  struct RowData {
-    std::uint64_t serial;
-    std::vector<Cell> cells;
-  };
-
-  Cell& CurrentCell() {
-    return rows_[static_cast<std::size_t>(row_)].cells[static_cast<std::size_t>(col_)];
+  static void CheckIndex(std::int32_t index, std::int32_t count) {
+    if (index < 0 || index >= count) RaiseIndexOutOfRange();
   }
-  const Cell& CurrentCell() const { return CellAt(row_, col_); }
-  const Cell& CellAt(std::int32_t row, std::int32_t col) const;
+  [[noreturn]] static void RaiseIndexOutOfRange();
+
+  const GridRow& RowAt(std::int32_t row) const {
+    const auto index = static_cast<std::size_t>(row);
+    if (index < above_.size()) return above_[index];
+    return below_[above_.size() + below_.size() - 1 - index];
+  }
+  GridRow& CurrentRow() { return const_cast<GridRow&>(std::as_const(*this).RowAt(row_)); }
+  std::int32_t FirstRowFrom(std::uint64_t serial) const;
+  void MoveGap(std::int32_t row);
   void TellShape();
 
-  std::vector<RowData> rows_;
+  /// The rows above the place of the latest change from the top down, and those below it from the
+  /// bottom up, so that a change at that place moves no other row. Rows come only at the bottom and
+  /// keep their order, so serials ascend down the table and a bookmark finds its row by binary
+  /// search.
+  std::vector<GridRow> above_;
+  std::vector<GridRow> below_;
   std::vector<std::int32_t> widths_;
   std::int32_t cols_ = 2;
   std::int32_t row_ = 1;

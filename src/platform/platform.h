@@ -1,9 +1,13 @@
 #pragma once
 
+#include <string>
+
 namespace kestrava {
 
 class Clock;
+class CommonDialog;
 class EventLoop;
+class FileSystemObject;
 class IcmpService;
 class MessageBoxes;
 class MsRdpClient2;
@@ -24,16 +28,20 @@ struct Platform {
   EventLoop& eventLoop;
   MessageBoxes& messageBoxes;
   PromptBoxes& promptBoxes;
+  CommonDialog& commonDialog;
   Clock& clock;
   IcmpService& icmp;
   WindowsSockets& sockets;
   MsRdpClient2& rdp;
   SettingsStore& settings;
+  FileSystemObject& fileSystem;
   NotificationArea& notificationArea;
   VersionInfo& versions;
   WindowMessages& messages;
   Registry& registry;
   Processes& processes;
+  /// The folder in which the program's file lies.
+  std::string programFolder;
 };
 
 }  // namespace kestrava

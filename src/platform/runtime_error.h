@@ -10,6 +10,7 @@ namespace kestrava {
 enum ErrorNumber : int {
   kErrorInvalidCall = 5,
   kErrorOverflow = 6,
+  kErrorOutOfMemory = 7,
   kErrorIndexOutOfRange = 9,
   kErrorTypeMismatch = 13,
 };

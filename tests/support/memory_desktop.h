@@ -29,6 +29,7 @@
 #include "platform/window_messages.h"
 #include "platform/window_system.h"
 #include "platform/windows_sockets.h"
+#include "support/memory_files.h"
 
 namespace kestrava::test {
 
@@ -348,8 +349,25 @@ struct Scenario {
   MemorySettings settings;
   MemoryShell shell;
   MemoryRegistry registry;
-  frmMain window{Platform{desktop, desktop, desktop, desktop, clock, network, network, network,
-                          settings, shell, shell, shell, registry, registry}};
+  MemoryFiles files;
+  ScriptedDialog dialog;
+  frmMain window{Platform{.windows = desktop,
+                          .eventLoop = desktop,
+                          .messageBoxes = desktop,
+                          .promptBoxes = desktop,
+                          .commonDialog = dialog,
+                          .clock = clock,
+                          .icmp = network,
+                          .sockets = network,
+                          .rdp = network,
+                          .settings = settings,
+                          .fileSystem = files,
+                          .notificationArea = shell,
+                          .versions = shell,
+                          .messages = shell,
+                          .registry = registry,
+                          .processes = registry,
+                          .programFolder = "/program"}};
 
   /// @param stored the settings that an earlier run left behind, by key.
   /// @param prepare what is to be so before the program starts.

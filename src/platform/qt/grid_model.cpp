@@ -59,10 +59,7 @@ void GridModel::CatchUp() {
   const bool headingChanged = firstChanged_ == 0;
   const int first = std::max(std::exchange(firstChanged_, kNothingFirst) - 1, 0);
   const int last = std::min(std::exchange(lastChanged_, kNothingLast), rows_) - 1;
-  if (first <= last && columns_ > 0) {
-    emit dataChanged(index(first, 0), index(last, columns_ - 1));
-    emit headerDataChanged(Qt::Vertical, first, last);
-  }
+  if (first <= last && columns_ > 0) emit dataChanged(index(first, 0), index(last, columns_ - 1));
   if (headingChanged && columns_ > 0) emit headerDataChanged(Qt::Horizontal, 0, columns_ - 1);
   if (shapeChanged) emit ShapeCaughtUp();
 }

@@ -11,8 +11,10 @@ namespace kestrava {
 /// one. So row `r` and column `c` of the grid are `r - 1` and `c - 1` here.
 ///
 /// A running check pass writes many cells between two frames of the screen. The model only notes
-/// which rows have changed, and tells its views once for each frame. Until then its shape may lag
-/// behind the grid's; a cell that the grid no longer has reads empty.
+/// which rows have changed, and tells its views once for each frame. A changed row is told as
+/// changed cells, its lamp included: a change of a header would have the view lay everything out
+/// anew. Until then its shape may lag behind the grid's; a cell that the grid no longer has reads
+/// empty.
 class GridModel final : public QAbstractTableModel, private GridObserver {
   Q_OBJECT
 

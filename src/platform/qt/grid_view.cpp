@@ -2,33 +2,21 @@
 
 #include <QHelpEvent>
 #include <QMouseEvent>
-#include <QStyleOptionViewItem>
 #include <QToolTip>
 #include <algorithm>
 
+#include "platform/qt/cell_delegate.h"
+
 namespace kestrava {
-
-namespace {
-
-/// A tip wraps and shows `text` to the letter, whatever looks like markup in it.
-void ShowTip(const QString& text, const QPoint& screenPosition, QWidget* widget,
-             const QRect& place) {
-  const QString tip =
-      QStringLiteral("<p style=\"white-space:pre-wrap\">%1</p>").arg(text.toHtmlEscaped());
-  QToolTip::showText(screenPosition, tip, widget, place);
-}
-
-}  // namespace
 
 GridView::GridView(MSFlexGrid& grid, QWidget* parent)
     : QTableView(parent), grid_(&grid), model_(grid), lamps_(new LampHeader(this)) {
   setVerticalHeader(lamps_);
   setModel(&model_);
+  setItemDelegate(new CellDelegate(this));
   setEditTriggers(NoEditTriggers);
   setSelectionMode(SingleSelection);
   setSelectionBehavior(SelectItems);
-  setWordWrap(false);
-  setTextElideMode(Qt::ElideRight);
   setTabKeyNavigation(false);
   setCornerButtonEnabled(false);
   setHorizontalScrollMode(ScrollPerPixel);
@@ -42,6 +30,11 @@ GridView::GridView(MSFlexGrid& grid, QWidget* parent)
           [this](int section) { ClickFixedCell(section + 1, 0); });
   connect(horizontalHeader(), &QHeaderView::sectionPressed, this,
           [this](int section) { ClickFixedCell(0, section + 1); });
+}
+
+void GridView::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                           const QList<int>&) {
+  viewport()->update(visualRect(topLeft) | visualRect(bottomRight));
 }
 
 void GridView::SetScale(const TwipScale& scale) {
@@ -86,13 +79,6 @@ void GridView::keyPressEvent(QKeyEvent* event) {
   const QModelIndex before = currentIndex();
   QTableView::keyPressEvent(event);
   if (currentIndex() != before) TakeCurrentIndex();
-}
-
-bool GridView::viewportEvent(QEvent* event) {
-  if (event->type() != QEvent::ToolTip) return QTableView::viewportEvent(event);
-  const auto* help = static_cast<QHelpEvent*>(event);
-  TipCell(help->pos(), help->globalPos());
-  return true;
 }
 
 bool GridView::eventFilter(QObject* watched, QEvent* event) {
@@ -152,19 +138,6 @@ void GridView::ClickFixedCell(int gridRow, int gridColumn) {
   clearSelection();
 }
 
-void GridView::TipCell(const QPoint& position, const QPoint& screenPosition) {
-  const QModelIndex cell = indexAt(position);
-  const QString text = cell.data().toString();
-  QStyleOptionViewItem option;
-  initViewItemOption(&option);
-  const QRect place = visualRect(cell);
-  if (text.isEmpty() || itemDelegate()->sizeHint(option, cell).width() <= place.width()) {
-    QToolTip::hideText();
-  } else {
-    ShowTip(text, screenPosition, viewport(), place);
-  }
-}
-
 void GridView::TipHeading(const QPoint& position, const QPoint& screenPosition) {
   const QHeaderView& heading = *horizontalHeader();
   const int section = heading.logicalIndexAt(position);
@@ -174,8 +147,8 @@ void GridView::TipHeading(const QPoint& position, const QPoint& screenPosition) 
   }
   const QRect place(heading.sectionViewportPosition(section), 0, heading.sectionSize(section),
                     heading.height());
-  ShowTip(model_.headerData(section, Qt::Horizontal, Qt::DisplayRole).toString(), screenPosition,
-          heading.viewport(), place);
+  ShowPlainTip(model_.headerData(section, Qt::Horizontal, Qt::DisplayRole).toString(),
+               screenPosition, heading.viewport(), place);
 }
 
 }  // namespace kestrava

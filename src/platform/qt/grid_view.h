@@ -17,6 +17,10 @@ class GridView final : public QTableView {
  public:
   GridView(MSFlexGrid& grid, QWidget* parent);
 
+  /// Repaints only what has changed of the rows on the screen: a pass writes many others.
+  void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                   const QList<int>& roles) override;
+
   /// Sizes the rows by the font and the columns by the grid's widths.
   void SetScale(const TwipScale& scale);
 
@@ -29,7 +33,6 @@ class GridView final : public QTableView {
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  bool viewportEvent(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   void rowsInserted(const QModelIndex& parent, int first, int last) override;
 
@@ -42,8 +45,7 @@ class GridView final : public QTableView {
   void RaiseDoubleClick();
   void ClickFixedCell(int gridRow, int gridColumn);
 
-  /// Shows the whole text of the cell or heading at `position` if its place is too narrow for it.
-  void TipCell(const QPoint& position, const QPoint& screenPosition);
+  /// Shows the whole heading at `position` if its column is too narrow for it.
   void TipHeading(const QPoint& position, const QPoint& screenPosition);
 
   MSFlexGrid* grid_;

@@ -12,6 +12,13 @@ LampHeader::LampHeader(QWidget* parent) : QHeaderView(Qt::Vertical, parent) {
   setMinimumSectionSize(1);
 }
 
+void LampHeader::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                             const QList<int>&) {
+  const int top = sectionViewportPosition(topLeft.row());
+  const int end = sectionViewportPosition(bottomRight.row()) + sectionSize(bottomRight.row());
+  viewport()->update(0, top, viewport()->width(), end - top);
+}
+
 void LampHeader::paintSection(QPainter* painter, const QRect& place, int section) const {
   painter->save();
   QHeaderView::paintSection(painter, place, section);

@@ -1,0 +1,112 @@
+#include "lists/connection_list_file.h"
+
+#include <memory>
+#include <new>
+#include <string_view>
+
+#include "monitor/connection_table.h"
+#include "platform/file_system.h"
+#include "platform/flex_grid.h"
+#include "platform/message_box.h"
+#include "platform/runtime_error.h"
+
+namespace kestrava {
+
+namespace {
+
+constexpr std::string_view kMagicLine = "ZR_Kestrava_ConnectionList";
+constexpr char kSeparator = ',';
+
+std::string FailureText(int number, const std::string& description) {
+  return std::to_string(number) + " - " + description;
+}
+
+/// Runs one operation and turns an error into its result.
+template <typename Operation>
+std::string ResultOf(Operation operation) {
+  try {
+    return operation();
+  } catch (const RuntimeError& error) {
+    return FailureText(error.Number(), error.what());
+  } catch (const std::bad_alloc&) {
+    return FailureText(kErrorOutOfMemory, "out of memory");
+  }
+}
+
+void WriteRows(MSFlexGrid& grid, TextStream& stream) {
+  std::string line;
+  for (std::int32_t row = kHeadingRow + 1; row < grid.Rows(); ++row) {
+    grid.SetRow(row);
+    line.clear();
+    for (std::int32_t col = kNameColumn; col < grid.Cols(); ++col) {
+      grid.SetCol(col);
+      line += grid.TextView();
+      if (col < grid.Cols() - 1) line += kSeparator;
+    }
+    stream.WriteLine(line);
+  }
+}
+
+void SetCell(MSFlexGrid& grid, std::int32_t col, std::string_view text) {
+  grid.SetCol(col);
+  grid.SetText(text);
+}
+
+void AppendConnection(MSFlexGrid& grid, std::string_view line) {
+  AppendConnectionRow(grid);
+  if (line.size() > TextReader::kLongestLine) {
+    throw RuntimeError(kErrorOverflow, "a line of the list is too long");
+  }
+  for (std::int32_t col = kNameColumn; col < kLastCheckedColumn; ++col) {
+    const std::size_t comma = line.find(kSeparator);
+    if (comma == std::string_view::npos) {
+      throw RuntimeError(kErrorInvalidCall, "a line of the list has fewer than four commas");
+    }
+    SetCell(grid, col, line.substr(0, comma));
+    line.remove_prefix(comma + 1);
+  }
+  SetCell(grid, kLastCheckedColumn, line);
+}
+
+}  // namespace
+
+std::string SaveConnectionList(const std::string& fileName, MSFlexGrid& grid,
+                               ConfirmOverwrite confirmOverwrite, FileSystemObject& fileSystem,
+                               MessageBoxes& messageBoxes) {
+  return ResultOf([&]() -> std::string {
+    if (grid.Rows() == kHeadingRow + 1) return {};
+    if (fileSystem.FileExists(fileName)) {
+      if (confirmOverwrite == ConfirmOverwrite::Yes &&
+          messageBoxes.AskYesNo("Are you sure you want to overwrite the existing file ?",
+                                "Overwrite File ?") == YesNo::No) {
+        return kReselect;
+      }
+      fileSystem.DeleteFile(fileName, ReadOnlyFile::Delete);
+    }
+    const std::unique_ptr<TextStream> stream = fileSystem.OpenTextFile(fileName);
+    stream->WriteLine(kMagicLine);
+    WriteRows(grid, *stream);
+    stream->Close();
+    return {};
+  });
+}
+
+std::string LoadConnectionList(const std::string& fileName, MSFlexGrid& grid,
+                               FileSystemObject& fileSystem) {
+  return ResultOf([&]() -> std::string {
+    grid.SetRows(kHeadingRow + 1);
+    const std::unique_ptr<TextReader> reader = fileSystem.OpenForReading(fileName);
+    bool magicLineSeen = false;
+    while (!reader->AtEnd()) {
+      const std::string_view line = reader->ReadLine();
+      if (line == kMagicLine) {
+        magicLineSeen = true;
+      } else if (magicLineSeen) {
+        AppendConnection(grid, line);
+      }
+    }
+    return magicLineSeen ? "" : kReselect;
+  });
+}
+
+}  // namespace kestrava

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+
+namespace kestrava {
+
+class FileSystemObject;
+class MessageBoxes;
+class MSFlexGrid;
+
+// A list file holds the connection table as 8-bit text: the magic line, then one line for each row
+// with the texts of columns 1 to 5 and a comma between two of them, without quoting. Lines are
+// written with CR LF.
+//
+// Both operations return how they ended: empty for done, `kReselect`, or the number of an error,
+// " - " and its description. They leave the grid's cursor on the last cell that they touched.
+
+/// The result that asks for another file.
+inline constexpr const char* kReselect = "RESELECT";
+
+enum class ConfirmOverwrite { No, Yes };
+
+/// Writes the table to a file that replaces an older one of that name, with or without asking the
+/// user first. A table without connections touches no file and counts as done.
+/// @return `kReselect` if the user refused to overwrite the file.
+std::string SaveConnectionList(const std::string& fileName, MSFlexGrid& grid,
+                               ConfirmOverwrite confirmOverwrite, FileSystemObject& fileSystem,
+                               MessageBoxes& messageBoxes);
+
+/// Replaces the table's rows by those of a file. A line with too few commas, or longer than
+/// `TextReader::kLongestLine`, is an error; the rows ahead of it stay.
+/// @return `kReselect` if the file has no magic line.
+std::string LoadConnectionList(const std::string& fileName, MSFlexGrid& grid,
+                               FileSystemObject& fileSystem);
+
+}  // namespace kestrava

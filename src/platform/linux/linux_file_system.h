@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/file_system.h"
+
+namespace kestrava {
+
+/// The files of this machine. Nothing waits for another process: what is no regular file, a pipe or
+/// a device for one, isn't opened (EOPNOTSUPP; EISDIR for a folder).
+class LinuxFileSystem final : public FileSystemObject {
+ public:
+  bool FileExists(const std::string& name) override;
+  bool FolderExists(const std::string& name) override;
+  void DeleteFile(const std::string& name, ReadOnlyFile readOnlyFile) override;
+  std::unique_ptr<TextStream> OpenTextFile(const std::string& name) override;
+  std::unique_ptr<TextReader> OpenForReading(const std::string& name) override;
+};
+
+}  // namespace kestrava

@@ -1,0 +1,69 @@
+#include "platform/qt/cell_delegate.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+
+namespace kestrava {
+
+namespace {
+
+/// Where the text of a cell stands. The style's own margin for item texts is used.
+QRect TextPlace(const QStyleOptionViewItem& option) {
+  const QStyle* style = option.widget ? option.widget->style() : QApplication::style();
+  const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget) + 1;
+  return option.rect.adjusted(margin, 0, -margin, 0);
+}
+
+QPalette::ColorGroup ColorGroup(QStyle::State state) {
+  if (!(state & QStyle::State_Enabled)) return QPalette::Disabled;
+  return state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
+}
+
+}  // namespace
+
+void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+  const QStyle* style = option.widget->style();
+  style->drawPrimitive(QStyle::PE_PanelItemViewItem, &option, painter, option.widget);
+  if (option.state & QStyle::State_HasFocus) {
+    QStyleOptionFocusRect focus;
+    focus.QStyleOption::operator=(option);
+    style->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, painter, option.widget);
+  }
+
+  const bool selected = option.state & QStyle::State_Selected;
+  painter->setPen(option.palette.color(ColorGroup(option.state),
+                                       selected ? QPalette::HighlightedText : QPalette::Text));
+  const QRect place = TextPlace(option);
+  QString text = index.data().toString();
+  if (option.fontMetrics.horizontalAdvance(text) > place.width()) {
+    text = option.fontMetrics.elidedText(text, Qt::ElideRight, place.width());
+  }
+  painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+}
+
+bool CellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                             const QStyleOptionViewItem& option, const QModelIndex& index) {
+  if (event->type() != QEvent::ToolTip) {
+    return QStyledItemDelegate::helpEvent(event, view, option, index);
+  }
+  const QString text = index.data().toString();
+  if (option.fontMetrics.horizontalAdvance(text) <= TextPlace(option).width()) {
+    QToolTip::hideText();
+  } else {
+    ShowPlainTip(text, event->globalPos(), view->viewport(), option.rect);
+  }
+  return true;
+}
+
+void ShowPlainTip(const QString& text, const QPoint& screenPosition, QWidget* widget,
+                  const QRect& place) {
+  const QString tip =
+      QStringLiteral("<p style=\"white-space:pre-wrap\">%1</p>").arg(text.toHtmlEscaped());
+  QToolTip::showText(screenPosition, tip, widget, place);
+}
+
+}  // namespace kestrava

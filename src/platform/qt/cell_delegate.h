@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+namespace kestrava {
+
+/// Draws a cell as one line of plain text, cut at the right where the cell is too narrow, and tells
+/// the whole of a cut text in a tip. Much faster than the toolkit's own, which lays every text out
+/// as a paragraph: a running pass repaints the table all the time.
+class CellDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override;
+
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override;
+};
+
+/// Shows `text` to the letter, whatever looks like markup in it, in a tip that wraps its lines.
+void ShowPlainTip(const QString& text, const QPoint& screenPosition, QWidget* widget,
+                  const QRect& place);
+
+}  // namespace kestrava

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+
+#include "platform/qt/grid_view.h"
+#include "platform/qt/qt_message_boxes.h"
+#include "platform/qt/qt_window_system.h"
+#include "support/memory_desktop.h"
+
+namespace kestrava::test {
+
+/// The real main window in real widgets, with a made-up network.
+struct Desktop {
+  Desktop() {
+    network.At("127.0.0.1") = kAnswering;
+    windows.Load(main);
+    windows.Show(main);
+    window = TopLevel("frmMain");
+    view = window->findChild<GridView*>();
+  }
+  ~Desktop() {
+    windows.Unload(main);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+  static QWidget* TopLevel(const char* name) {
+    const QWidgetList all = QApplication::topLevelWidgets();
+    return *std::ranges::find(all, name, &QWidget::objectName);
+  }
+  void AddRow(const std::string& name, Color lamp = kNoColor) {
+    grid.SetRows(grid.Rows() + 1);
+    grid.SetRow(grid.Rows() - 1);
+    grid.SetCol(0);
+    grid.SetCellBackColor(lamp);
+    grid.SetCol(1);
+    grid.SetText(name);
+    grid.SetCol(2);
+    grid.SetText("127.0.0.1");
+  }
+  /// Lets the view catch up with the grid.
+  static void Settle() { QTest::qWait(40); }
+
+  QtEventLoop eventLoop;
+  QtMessageBoxes boxes{eventLoop};
+  QtWindowSystem windows{eventLoop};
+  MemoryDesktop unused;
+  MemoryNetwork network{unused};
+  TestClock clock;
+  frmMain main{Platform{windows, eventLoop, boxes, clock, network, network, network}};
+  MSFlexGrid& grid = main.grdServers;
+  QWidget* window;
+  GridView* view;
+};
+
+}  // namespace kestrava::test

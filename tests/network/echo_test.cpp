@@ -1,0 +1,150 @@
+#include <arpa/inet.h>
+#include <bit>
+#include <chrono>
+#include <cstdlib>
+#include <fstream>
+#include <linux/capability.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+#include "platform/linux/linux_icmp.h"
+#include "platform/linux/ping_program.h"
+#include "support/network_namespace.h"
+
+namespace kestrava::test {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+constexpr char kPayload[] = "Echo This";
+
+TEST(EchoPacket, OnlyTheRightReplyMatches) {
+  const EchoRequest request{inet_addr("10.0.0.1"), 0x1234, 0xFFFE, kPayload};
+  Bytes right = BuildEchoRequest(request);
+  right[0] = 0;
+  right[2] = static_cast<std::uint8_t>(right[2] + 8);  // the checksum with the other type
+  EXPECT_TRUE(IsReplyTo(request, request.address, right));
+  for (const EchoRequest& other :
+       std::vector<EchoRequest>{{1, 0x1234, 0xFFFE, kPayload},
+                                {request.address, 1, 0xFFFE, kPayload},
+                                {request.address, 0x1234, 1, kPayload},
+                                {request.address, 0x1234, 0xFFFE, "Ech"}}) {
+    EXPECT_FALSE(IsReplyTo(other, request.address, right));
+  }
+  for (std::size_t size = 0; size < right.size(); ++size) {
+    Bytes changed = right;
+    changed[size] ^= 1;
+    EXPECT_FALSE(IsReplyTo(request, request.address, changed)) << size;
+    EXPECT_FALSE(IsReplyTo(request, request.address, std::span(right).first(size))) << size;
+  }
+}
+
+TEST(EchoPacket, AnErrorGivesItsStatus) {
+  const std::vector<std::tuple<std::uint8_t, std::uint8_t, int>> table = {
+      {3, 0, 11002}, {3, 1, 11003},  {3, 2, 11004},  {3, 3, 11005},  {3, 4, 11009},  {3, 5, 11050},
+      {3, 9, 11002}, {3, 13, 11003}, {11, 0, 11013}, {11, 1, 11014}, {12, 0, 11015}, {5, 1, 0}};
+  for (const auto& [type, code, status] : table) {
+    EXPECT_EQ(StatusOfIcmpError(type, code).value_or(kEchoSuccess), status)
+        << +type << " " << +code;
+  }
+}
+
+enum class Road { Raw, Program, Datagram };
+
+/// Sends echoes on one of the roads that the service knows.
+class EchoRoad : public NetworkTest, public testing::WithParamInterface<Road> {
+ protected:
+  void SetUp() override {
+    NetworkTest::SetUp();
+    if (IsSkipped()) return;
+    std::ofstream("/proc/sys/net/ipv4/ping_group_range")
+        << (GetParam() == Road::Datagram ? "0 0" : "1 0");
+    if (EchoSocket::Open(EchoSocketKind::Datagram).has_value() != (GetParam() == Road::Datagram)) {
+      GTEST_SKIP() << "ping sockets can't be switched here";
+    }
+    AllowRaw(GetParam() != Road::Program);
+  }
+  void TearDown() override {
+    AllowRaw(true);
+    EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a child process was left behind";
+    NetworkTest::TearDown();
+  }
+
+  int Echo(const std::string& address, std::uint32_t timeout = 200) {
+    const IcmpHandle handle = icmp_.IcmpCreateFile();
+    const auto number = std::bit_cast<std::int32_t>(inet_addr(address.c_str()));
+    const auto came =
+        icmp_.IcmpSendEcho(handle, number, kPayload, nullptr, reply_, sizeof reply_, timeout);
+    EXPECT_EQ(came != 0, reply_.Status == 0);
+    EXPECT_EQ(reply_.DataSize, came ? 9 : 0);
+    EXPECT_EQ(reply_.RoundTripTime < 10000, came != 0);
+    EXPECT_TRUE(icmp_.IcmpCloseHandle(handle));
+    return reply_.Status;
+  }
+
+  /// The system's counters of ICMP messages, which change with every one.
+  static std::string Counters() {
+    std::ifstream file("/proc/self/net/snmp");
+    std::string counters;
+    for (std::string line; std::getline(file, line);) {
+      if (line.starts_with("IcmpMsg:")) counters += line;
+    }
+    return counters;
+  }
+
+  LinuxIcmp icmp_;
+  EchoReply reply_{};
+
+ private:
+  static void AllowRaw(bool allow) {
+    __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
+    __user_cap_data_struct sets[2];
+    syscall(SYS_capget, &header, sets);
+    constexpr __u32 kBit = 1U << CAP_NET_RAW;
+    sets[0].effective = allow ? sets[0].effective | kBit : sets[0].effective & ~kBit;
+    syscall(SYS_capset, &header, sets);
+  }
+};
+
+TEST_P(EchoRoad, EachMachineGivesItsStatus) {
+  const std::vector<std::tuple<const char*, int, bool>> table = {
+      {kAnswering, 0, true},       {kPeer, 11010, true},
+      {kSilent, 11010, true},      {kUnreachable, 11003, true},
+      {kFarAway, 11013, true},     {kNoHost, 11003, false},
+      {kNoNetwork, 11002, false},  {kBroadcast, 11018, false},
+      {"0.0.0.0", 11018, false},   {"255.255.255.255", 11018, false},
+      {"224.0.0.1", 11018, false}, {kAnswering, 0, true}};
+  std::this_thread::sleep_for(std::chrono::seconds(1));  // a router errs once a second
+  for (const auto& [address, status, sends] : table) {
+    const std::string before = Counters();
+    EXPECT_EQ(Echo(address), status) << address;
+    EXPECT_EQ(Counters() != before, sends) << address;
+  }
+  EXPECT_EQ(std::string(reply_.Data, 9), kPayload);
+  EXPECT_EQ(reply_.Address, inet_addr(kAnswering));
+}
+
+INSTANTIATE_TEST_SUITE_P(Roads, EchoRoad,
+                         testing::Values(Road::Raw, Road::Program, Road::Datagram));
+
+TEST(PingProgram, OneThatHangsOrFloodsIsEnded) {
+  const EchoRequest request{inet_addr("10.0.0.1"), {}, 0, kPayload};
+  char folder[] = "/tmp/pingXXXXXX";
+  const std::string path = getenv("PATH");
+  setenv("PATH", mkdtemp(folder), 1);
+  const auto ping = [&] { return SendEchoByPing(request, std::chrono::milliseconds(10)).status; };
+  EXPECT_EQ(ping(), kEchoGeneralFailure) << "there is none";
+  const std::string program = std::string(folder) + "/ping";
+  for (const char* command : {"/bin/sleep 60", "/bin/cat /dev/zero"}) {
+    std::ofstream(program) << "#!/bin/sh\nexec " << command;
+    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    EXPECT_EQ(ping(), kEchoTimedOut);
+  }
+  setenv("PATH", path.c_str(), 1);
+  std::filesystem::remove_all(folder);
+}
+
+}  // namespace
+}  // namespace kestrava::test

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "monitor/connection_table.h"
+#include "platform/flex_grid.h"
+#include "platform/form.h"
+
+namespace kestrava::test {
+
+inline constexpr ControlSpec kGridAlone[] = {{"grid", ControlKind::Grid, "", 0, 0, 0, 0, 0}};
+inline constexpr FormSpec kBareForm = {"", "", FormStyle::MainWindow, 0, 0, kGridAlone, {}, {},
+                                       "", ""};
+
+/// The texts of columns 1 to 5, row by row.
+using Rows = std::vector<std::array<std::string, 5>>;
+
+/// A connection table without a program around it.
+struct BareTable : Form {
+  explicit BareTable(const Rows& rows = {}) : Form(kBareForm) {
+    ConnectionGridSetup(grid);
+    for (const auto& row : rows) {
+      AppendConnectionRow(grid);
+      for (std::int32_t col = 0; col < 5; ++col) {
+        grid.SetCol(col + 1);
+        grid.SetText(row[static_cast<std::size_t>(col)]);
+      }
+    }
+  }
+
+  Rows Connections() const {
+    Rows rows;
+    for (std::int32_t row = 1; row < grid.Rows(); ++row) {
+      auto& texts = rows.emplace_back();
+      for (std::int32_t col = 0; std::string & text : texts) text = grid.TextAt(row, ++col);
+    }
+    return rows;
+  }
+
+  MSFlexGrid grid{*this, "grid"};
+};
+
+}  // namespace kestrava::test
