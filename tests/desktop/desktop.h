@@ -4,8 +4,11 @@
 #include <QTest>
 #include <QTimer>
 
+#include "platform/linux/linux_file_system.h"
 #include "platform/qt/grid_view.h"
+#include "platform/qt/qt_common_dialog.h"
 #include "platform/qt/qt_message_boxes.h"
+#include "platform/qt/qt_prompt_boxes.h"
 #include "platform/qt/qt_window_system.h"
 #include "support/memory_desktop.h"
 
@@ -43,11 +46,33 @@ struct Desktop {
 
   QtEventLoop eventLoop;
   QtMessageBoxes boxes{eventLoop};
+  QtPromptBoxes prompts{eventLoop};
+  QtCommonDialog dialogs{eventLoop};
   QtWindowSystem windows{eventLoop};
+  LinuxFileSystem files;
   MemoryDesktop unused;
   MemoryNetwork network{unused};
   TestClock clock;
-  frmMain main{Platform{windows, eventLoop, boxes, clock, network, network, network}};
+  MemorySettings settings;
+  MemoryShell shell;
+  MemoryRegistry registry;
+  frmMain main{Platform{.windows = windows,
+                        .eventLoop = eventLoop,
+                        .messageBoxes = boxes,
+                        .promptBoxes = prompts,
+                        .commonDialog = dialogs,
+                        .clock = clock,
+                        .icmp = network,
+                        .sockets = network,
+                        .rdp = network,
+                        .settings = settings,
+                        .fileSystem = files,
+                        .notificationArea = shell,
+                        .versions = shell,
+                        .messages = shell,
+                        .registry = registry,
+                        .processes = registry,
+                        .programFolder = "/nowhere"}};
   MSFlexGrid& grid = main.grdServers;
   QWidget* window;
   GridView* view;

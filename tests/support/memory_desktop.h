@@ -350,12 +350,12 @@ struct Scenario {
   MemoryShell shell;
   MemoryRegistry registry;
   MemoryFiles files;
-  ScriptedDialog dialog;
+  ScriptedDialog fileDialog;
   frmMain window{Platform{.windows = desktop,
                           .eventLoop = desktop,
                           .messageBoxes = desktop,
                           .promptBoxes = desktop,
-                          .commonDialog = dialog,
+                          .commonDialog = fileDialog,
                           .clock = clock,
                           .icmp = network,
                           .sockets = network,
