@@ -90,9 +90,12 @@ TEST_F(BadFiles, AShrinkingFileEnds) {
 /// A disk of 64 KiB for this process alone: as root, or else as the root of a user namespace.
 bool MountSmallDisk(const std::string& folder) {
   const auto user = std::to_string(geteuid());
+  const auto group = std::to_string(getegid());
   if (unshare(CLONE_NEWNS) != 0) {
     if (unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) return false;
+    std::ofstream("/proc/self/setgroups") << "deny";
     std::ofstream("/proc/self/uid_map") << "0 " + user + " 1";
+    std::ofstream("/proc/self/gid_map") << "0 " + group + " 1";
   }
   return mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
          mount("none", folder.c_str(), "tmpfs", 0, "size=64k") == 0;
