@@ -25,7 +25,7 @@ void QtWindowSystem::ShowModal(Form& form) {
   QObject::connect(&eventLoop_, &QtEventLoop::Ended, &wait, &QEventLoop::quit);
   window->Widget().setWindowModality(Qt::ApplicationModal);
   form.SetVisible(true);
-  wait.exec();
+  if (form.Visible()) wait.exec();
   form.SetVisible(false);
 }
 
