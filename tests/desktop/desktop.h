@@ -4,6 +4,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "monitor/connection_table.h"
 #include "platform/linux/linux_file_system.h"
 #include "platform/qt/grid_view.h"
 #include "platform/qt/qt_common_dialog.h"
@@ -32,8 +33,7 @@ struct Desktop {
     return *std::ranges::find(all, name, &QWidget::objectName);
   }
   void AddRow(const std::string& name, Color lamp = kNoColor) {
-    grid.SetRows(grid.Rows() + 1);
-    grid.SetRow(grid.Rows() - 1);
+    AppendConnectionRow(grid);
     grid.SetCol(0);
     grid.SetCellBackColor(lamp);
     grid.SetCol(1);

@@ -8,17 +8,16 @@
 #include "desktop.h"
 
 namespace kestrava::test {
-namespace {
-
 /// Compares the room that a text has with what the text takes, broken into lines where it may be.
-void ExpectFits(const QWidget* widget, const QString& text, const QSize& room, int flags = 0) {
+static void ExpectFits(const QWidget* widget, const QString& text, const QSize& room,
+                       int flags = 0) {
   flags |= Qt::TextShowMnemonic;
   const QRect taken = widget->fontMetrics().boundingRect(0, 0, room.width(), 9999, flags, text);
   EXPECT_LE(taken.width(), room.width()) << text.toStdString();
   EXPECT_LE(taken.height(), room.height()) << text.toStdString();
 }
 
-void ExpectReadable(const QWidget* window) {
+static void ExpectReadable(const QWidget* window) {
   const auto parts = window->findChild<QPushButton*>()->parentWidget()->findChildren<QWidget*>(
       QString(), Qt::FindDirectChildrenOnly);
   for (const QWidget* part : parts) {
@@ -66,5 +65,4 @@ TEST(Layout, HoldsEveryTextAtAnyFontSizeAndAfterAChangeOfIt) {
   QApplication::setFont(before);
 }
 
-}  // namespace
 }  // namespace kestrava::test

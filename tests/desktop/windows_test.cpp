@@ -5,10 +5,8 @@
 #include "desktop.h"
 
 namespace kestrava::test {
-namespace {
-
 /// Acts on the modal window that the next call opens.
-void InNextModal(std::function<void(QWidget*)> act) {
+static void InNextModal(std::function<void(QWidget*)> act) {
   QTimer::singleShot(0, [act = std::move(act)] { act(QApplication::activeModalWidget()); });
 }
 
@@ -86,5 +84,4 @@ TEST(Windows, TabOrderAndAccessibleNames) {
   }
 }
 
-}  // namespace
 }  // namespace kestrava::test
