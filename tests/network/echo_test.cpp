@@ -110,12 +110,10 @@ class EchoRoad : public NetworkTest, public testing::WithParamInterface<Road> {
 
 TEST_P(EchoRoad, EachMachineGivesItsStatus) {
   const std::vector<std::tuple<const char*, int, bool>> table = {
-      {kAnswering, 0, true},       {kPeer, 11010, true},
-      {kSilent, 11010, true},      {kUnreachable, 11003, true},
-      {kFarAway, 11013, true},     {kNoHost, 11003, false},
-      {kNoNetwork, 11002, false},  {kBroadcast, 11018, false},
-      {"0.0.0.0", 11018, false},   {"255.255.255.255", 11018, false},
-      {"224.0.0.1", 11018, false}, {kAnswering, 0, true}};
+      {kAnsweringHost, 0, true},         {kPeer, 11010, true},        {kSilent, 11010, true},
+      {kUnreachable, 11003, true},       {kFarAway, 11013, true},     {kNoHost, 11003, false},
+      {kNoNetwork, 11002, false},        {kBroadcast, 11018, false},  {"0.0.0.0", 11018, false},
+      {"255.255.255.255", 11018, false}, {"224.0.0.1", 11018, false}, {kAnsweringHost, 0, true}};
   std::this_thread::sleep_for(std::chrono::seconds(1));  // a router errs once a second
   for (const auto& [address, status, sends] : table) {
     const std::string before = Counters();
@@ -123,7 +121,7 @@ TEST_P(EchoRoad, EachMachineGivesItsStatus) {
     EXPECT_EQ(Counters() != before, sends) << address;
   }
   EXPECT_EQ(std::string(reply_.Data, 9), kPayload);
-  EXPECT_EQ(reply_.Address, inet_addr(kAnswering));
+  EXPECT_EQ(reply_.Address, inet_addr(kAnsweringHost));
 }
 
 INSTANTIATE_TEST_SUITE_P(Roads, EchoRoad,

@@ -1,14 +1,13 @@
 #include <arpa/inet.h>
 #include <chrono>
-#include <fstream>
 #include <poll.h>
-#include <sys/socket.h>
 #include <thread>
 
 #include "platform/linux/dotted_address.h"
 #include "platform/linux/linux_remote_desktop.h"
 #include "platform/runtime_error.h"
 #include "support/network_namespace.h"
+#include "support/test_server.h"
 
 namespace kestrava::test {
 namespace {
@@ -47,57 +46,6 @@ TEST(DottedAddress, NothingElseIsOne) {
     EXPECT_FALSE(ParseDottedAddress(text)) << text;
   }
 }
-
-/// How a peer behaves: it hears the request, says `words` byte by byte with `pause` between (at
-/// once for 0), and ends so.
-struct Manner {
-  enum End { Closes, Resets, Stays };
-
-  int outcome;  ///< what `Connected` reads after the attempt, or the number of its error
-  std::string words;
-  End end;
-  std::chrono::milliseconds pause{0};
-};
-
-/// Serves one connection after the other on the peer until the object goes.
-class TestServer {
- public:
-  explicit TestServer(Manner manner) : manner_(std::move(manner)) {
-    const PeerScope scope;
-    listener_ = FileDescriptor(socket(AF_INET, SOCK_STREAM, 0));
-    const int on = 1;
-    setsockopt(listener_.Number(), SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
-    const sockaddr_in own{AF_INET, htons(kRemoteDesktopPort), {}, {}};
-    EXPECT_EQ(bind(listener_.Number(), reinterpret_cast<const sockaddr*>(&own), sizeof own), 0);
-    listen(listener_.Number(), 5);
-    thread_ = std::jthread([this] {
-      while (const auto peer = FileDescriptor(accept(listener_.Number(), {}, {}))) {
-        Serve(peer.Number());
-      }
-    });
-  }
-  ~TestServer() { shutdown(listener_.Number(), SHUT_RDWR); }
-
- private:
-  void Serve(int peer) const {
-    std::array<char, 64> heard;
-    recv(peer, heard.data(), heard.size(), 0);
-    const std::size_t step = manner_.pause == 0ms ? manner_.words.size() + 1 : 1;
-    for (std::size_t place = 0; place < manner_.words.size(); place += step) {
-      std::this_thread::sleep_for(manner_.pause);
-      const auto part = manner_.words.substr(place, step);
-      if (send(peer, part.data(), part.size(), MSG_NOSIGNAL) < 0) return;
-    }
-    while (manner_.end == Manner::Stays && recv(peer, heard.data(), heard.size(), 0) > 0) {
-    }
-    const linger atOnce{manner_.end == Manner::Resets, 0};
-    setsockopt(peer, SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
-  }
-
-  Manner manner_;
-  FileDescriptor listener_;
-  std::jthread thread_;
-};
 
 class RemoteDesktopPeers : public NetworkTest {
  protected:
@@ -153,21 +101,14 @@ TEST_F(RemoteDesktopPeers, EachHasItsOutcomeInBoundedTime) {
 }
 
 TEST_F(RemoteDesktopPeers, ARealServerConnects) {
-  char folder[] = "/tmp/xrdpXXXXXX";
-  const std::string file = mkdtemp(folder) + "/xrdp.ini"s;
-  std::ofstream(file) << "[Globals]\nini_version=1\nfork=false\nport=3389\n[Logging]\nLogFile="
-                      << folder << "/log\n[Channels]\n[Xvnc]\nname=Xvnc\nlib=libvnc.so\n";
-  {
-    const RunInPeer xrdp({"xrdp", "--nodaemon", "--config", file});
-    LinuxRemoteDesktop control;
-    int outcome = 0;
-    for (int tries = 0; tries < 100 && outcome != 1; ++tries) {
-      std::this_thread::sleep_for(100ms);
-      outcome = Attempt(control, kPeer);
-    }
-    EXPECT_EQ(outcome, 1);
+  const RealRemoteDesktopServer server;
+  LinuxRemoteDesktop control;
+  int outcome = 0;
+  for (int tries = 0; tries < 100 && outcome != 1; ++tries) {
+    std::this_thread::sleep_for(100ms);
+    outcome = Attempt(control, kPeer);
   }
-  std::filesystem::remove_all(folder);
+  EXPECT_EQ(outcome, 1);
 }
 
 }  // namespace

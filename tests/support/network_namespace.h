@@ -10,7 +10,7 @@
 namespace kestrava::test {
 
 /// The machines of the test's own network. All of 127.0.0.0/8 answers echoes.
-inline constexpr char kAnswering[] = "127.0.0.9";
+inline constexpr char kAnsweringHost[] = "127.0.0.9";
 inline constexpr char kPeer[] = "10.66.1.2";  ///< answers no echo; what `RunInPeer` starts, serves
 inline constexpr char kPeerToo[] = "10.66.1.3";      ///< the same machine
 inline constexpr char kSilent[] = "10.66.2.1";       ///< a black hole

@@ -36,7 +36,7 @@ std::string ScreenNumber() {
 
 XembedWatch::XembedWatch() {
   const auto* server = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-  if (!server) return;
+  if (!server || !server->connection()) return;
   connection_ = server->connection();
   selection_ = Atom(connection_, "_NET_SYSTEM_TRAY_S" + ScreenNumber());
   manager_ = Atom(connection_, "MANAGER");

@@ -1,0 +1,30 @@
+#include "platform/qt/linux_desktop.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+namespace kestrava {
+
+LinuxDesktop::LinuxDesktop() { eventLoop_.Watch(rdp_); }
+
+Platform LinuxDesktop::Services() {
+  return {.windows = windows_,
+          .eventLoop = eventLoop_,
+          .messageBoxes = messageBoxes_,
+          .promptBoxes = promptBoxes_,
+          .commonDialog = commonDialog_,
+          .clock = clock_,
+          .icmp = icmp_,
+          .sockets = sockets_,
+          .rdp = rdp_,
+          .settings = settings_,
+          .fileSystem = fileSystem_,
+          .notificationArea = notificationArea_,
+          .versions = versions_,
+          .messages = messages_,
+          .registry = registry_,
+          .processes = processes_,
+          .programFolder = QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString()};
+}
+
+}  // namespace kestrava

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "platform/linux/linux_clock.h"
+#include "platform/linux/linux_file_system.h"
+#include "platform/linux/linux_icmp.h"
+#include "platform/linux/linux_processes.h"
+#include "platform/linux/linux_registry.h"
+#include "platform/linux/linux_remote_desktop.h"
+#include "platform/linux/linux_sockets.h"
+#include "platform/linux/linux_version_info.h"
+#include "platform/platform.h"
+#include "platform/qt/qt_common_dialog.h"
+#include "platform/qt/qt_event_loop.h"
+#include "platform/qt/qt_message_boxes.h"
+#include "platform/qt/qt_prompt_boxes.h"
+#include "platform/qt/qt_settings_store.h"
+#include "platform/qt/qt_window_system.h"
+#include "platform/qt/tray/qt_notification_area.h"
+#include "platform/qt/tray/qt_window_messages.h"
+
+namespace kestrava {
+
+/// The Linux desktop over Qt: everything of the outside that the program is given. The application
+/// object must be there first.
+class LinuxDesktop {
+ public:
+  LinuxDesktop();
+
+  /// They last as long as the desktop.
+  Platform Services();
+
+  QtEventLoop& EventLoop() { return eventLoop_; }
+  QtWindowSystem& Windows() { return windows_; }
+  QtNotificationArea& NotificationArea() { return notificationArea_; }
+
+ private:
+  LinuxClock clock_;
+  LinuxIcmp icmp_;
+  LinuxSockets sockets_;
+  LinuxRemoteDesktop rdp_;
+  LinuxFileSystem fileSystem_;
+  LinuxRegistry registry_;
+  LinuxProcesses processes_;
+  LinuxVersionInfo versions_;
+  QtSettingsStore settings_;
+  QtEventLoop eventLoop_;
+  QtMessageBoxes messageBoxes_{eventLoop_};
+  QtPromptBoxes promptBoxes_{eventLoop_};
+  QtCommonDialog commonDialog_{eventLoop_};
+  QtWindowSystem windows_{eventLoop_};
+  QtWindowMessages messages_{windows_, eventLoop_};
+  QtNotificationArea notificationArea_{messages_};
+};
+
+}  // namespace kestrava
