@@ -95,11 +95,11 @@ INI
   wait_for 10 "the Remote Desktop server" grep -qs "listening to port 3389" "$stage_folder/xrdp.log"
 }
 
-# Starts a virtual display and points the programs that follow at it, and at nothing else of the
-# user's desktop.
+# Starts a virtual display, with further options of Xvfb if any are given, and points the programs
+# that follow at it, and at nothing else of the user's desktop.
 start_display() {
   mkfifo "$stage_folder/display"
-  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp \
+  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp "$@" \
     3>"$stage_folder/display" >/dev/null 2>"$stage_folder/Xvfb.log" &
   stage_processes+=($!)
   local number

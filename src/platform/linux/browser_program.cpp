@@ -53,11 +53,11 @@ std::string DesktopHandler() {
 }  // namespace
 
 std::optional<std::string> FindBrowserProgram() {
-  if (const auto path = ProgramOf(DesktopHandler())) return path;
+  if (auto path = ProgramOf(DesktopHandler())) return path;
   if (const char* list = std::getenv("BROWSER")) {
     std::istringstream commands(list);
     for (std::string command; std::getline(commands, command, ':');) {
-      if (const auto path = ProgramOf(command)) return path;
+      if (auto path = ProgramOf(command)) return path;
     }
   }
   return ProgramOf("x-www-browser");

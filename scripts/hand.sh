@@ -1,0 +1,60 @@
+# shellcheck shell=bash disable=SC2154
+# The program's windows on the stage's display, worked by key and mouse. Sourced by the scripts
+# after stage.sh; needs bash. The script sets `main_window` once that window shows.
+
+# find_window TITLE: sets `window` once a window of this title shows.
+find_window() {
+  window=$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | head -n 1)
+  [[ -n "$window" ]]
+}
+has_focus() { [[ "$(xdotool getwindowfocus 2>/dev/null)" == "$1" ]]; }
+# There is no window manager on the display, so a window that comes up is given the focus here.
+take_window() {
+  wait_for 20 "the window \"$1\"" find_window "$1"
+  xdotool windowfocus "$window"
+  wait_for 5 "the focus of \"$1\"" has_focus "$window"
+}
+is_gone() { ! find_window "$1"; }
+
+# place LEFT TOP: turns a place in the main window's inner area, in twips, into pixels of the screen
+# in `x` and `y`. The area is 11190 by 5445 twips and fills the window below its menu bar.
+place() {
+  local X Y WIDTH HEIGHT
+  eval "$(xdotool getwindowgeometry --shell "$main_window")"
+  x=$((X + $1 * WIDTH / 11190))
+  y=$((Y + HEIGHT - (5445 - $2) * WIDTH / 11190))
+}
+click() {
+  place "$1" "$2"
+  xdotool mousemove "$x" "$y" click 1
+}
+
+# The colours that stand in the lamps' column, from top to bottom, read from the screen.
+lamps() {
+  local top
+  place 130 30
+  top=$y
+  place 130 5300
+  scrot -o -a "$x,$top,1,$((y - top))" "$stage_folder/lamps.ppm"
+  tail -c $((3 * (y - top))) "$stage_folder/lamps.ppm" | od -An -v -tx1 -w3 | uniq |
+    sed -n 's/ 00 ff 00/green/p; s/ ff 00 00/red/p' | paste -sd ' '
+}
+lamps_are() { [[ "$(lamps)" == "$1" ]]; }
+
+# Fills the dialog that asks for a new connection.
+type_machine() {
+  xdotool key ctrl+a type --delay 10 "$1"
+  xdotool key Tab type --delay 10 "$2"
+}
+take_main_window() {
+  xdotool windowfocus "$main_window"
+  wait_for 5 "the focus of the main window" has_focus "$main_window"
+}
+add_machine() {
+  echo "Adding \"$1\", $2."
+  take_window "Add New Connection"
+  type_machine "$1" "$2"
+  xdotool key Return
+  wait_for 5 "the end of the dialog" is_gone "Add New Connection"
+  take_main_window
+}
