@@ -54,7 +54,7 @@ class Program {
     auto* edit = field ? dialog->findChild<QLineEdit*>(field) : dialog->findChild<QLineEdit*>();
     edit->setFocus();
     edit->selectAll();
-    QTest::keyClicks(edit, text);
+    edit->insert(text);
   }
 
   void Add(const QString& name, const QString& address) {
