@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Shows Kestrava at work: its real window on a virtual display, worked by key and mouse, checks
-# machines of a network of its own. Leaves a picture of the window in build/demo.
+# machines of a network of its own, saves its list and prints it. Leaves pictures in build/demo.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source scripts/stage.sh
@@ -22,43 +22,69 @@ open_stage
 if [[ $network == true ]]; then
   start_network
   start_remote_desktop_server
-  machines=("This Machine" 127.0.0.1 "Remote Desktop" "$far_address" "Silent" "$silent_address")
-  expected_lamps="green green red"
+  others=("Remote Desktop,$far_address" "Silent,$silent_address")
+  expected_lamps="green red green"
 else
-  machines=("This Machine" 127.0.0.1 "No Machine" 0.0.0.0)
-  expected_lamps="green red"
+  others=("No Machine,0.0.0.0")
+  expected_lamps="red green"
 fi
 
 output=$PWD/build/demo
 mkdir -p "$output"
 start_display
-echo "Starting Kestrava on the virtual display $DISPLAY."
+list=$stage_folder/demo.kvl
+{
+  printf 'ZR_Kestrava_ConnectionList\r\n'
+  printf '%s,Unchecked,Enabled,Unchecked\r\n' "${others[@]}"
+} >"$list"
+mkdir "$XDG_CONFIG_HOME/Kestrava"
+cat >"$XDG_CONFIG_HOME/Kestrava/Kestrava.conf" <<SETTINGS
+[Preferences]
+AutoLoadList=1
+LastListFile=$list
+SETTINGS
+echo "Starting Kestrava on the virtual display $DISPLAY, where it loads its last list."
 build/kestrava &
 kestrava=$!
 stage_processes+=("$kestrava")
 
 take_window Kestrava
 main_window=$window
-for ((i = 0; i < ${#machines[@]}; i += 2)); do
-  if ((i == 0)); then
-    click 10500 320  # "Add New Connection"
-  else
-    xdotool key alt+c Return  # "Create New Connection" in the menu
-  fi
-  add_machine "${machines[i]}" "${machines[i + 1]}"
-done
+click 10500 320  # "Add New Connection"
+add_machine "This Machine" 127.0.0.1
 
 echo "Pressing \"Check Now !\"."
 click 10500 5100
 wait_for 60 "the end of the check" lamps_are "$expected_lamps"
-echo "The lamps, from the top: $(lamps)."
-
-place 0 0
 xdotool mousemove 0 0
 eval "$(xdotool getwindowgeometry --shell "$main_window")"
 scrot -o -a "$X,$Y,$WIDTH,$HEIGHT" "$output/window.png"
-echo "The window's picture is in ${output#"$PWD"/}/window.png."
+echo "The lamps, from the top: $(lamps)."
 
-xdotool key alt+f x
+echo "Saving the list with \"Save Connection List\"."
+saved=$output/checked.kvl
+rm -f "$saved"
+xdotool key alt+f s
+take_window "Save As"
+xdotool key ctrl+a type --delay 10 "$saved"
+xdotool key Return
+wait_for 10 "the saved list" test -s "$saved"
+confirm_message
+take_main_window
+echo
+cat "$saved"
+echo
+
+echo "Sending the window to the tray in the midst of a check."
+click 10500 5100
+xdotool key alt+f Up Up Return  # "Send to Tray"
+wait_for 5 "the hidden window" is_gone Kestrava
+# The icon's own window and the balloon.
+wait_for 30 "the balloon" visible_windows_are 2
+sleep 0.5
+scrot -o -a 940,894,340,130 "$output/balloon.png"
+echo "The pictures of the window and of the balloon are in ${output#"$PWD"/}."
+
+kill -TERM "$kestrava"
 wait "$kestrava"
-echo "Kestrava ended by its own menu."
+echo "Kestrava ended as at the end of a desktop session."

@@ -15,6 +15,21 @@ take_window() {
   wait_for 5 "the focus of \"$1\"" has_focus "$window"
 }
 is_gone() { ! find_window "$1"; }
+visible_windows() { xdotool search --onlyvisible --class kestrava; }
+visible_windows_are() { (($(visible_windows | wc -l) == $1)); }
+find_message() {
+  window=$(xdotool search --onlyvisible --name '^Kestrava$' 2>/dev/null | grep -vx "$main_window")
+  [[ -n "$window" ]]
+}
+no_message() { ! find_message; }
+# Presses OK in the message box that comes up.
+confirm_message() {
+  wait_for 20 "the message" find_message
+  xdotool windowfocus "$window"
+  wait_for 5 "the focus of the message" has_focus "$window"
+  xdotool key Return
+  wait_for 5 "the end of the message" no_message
+}
 
 # place LEFT TOP: turns a place in the main window's inner area, in twips, into pixels of the screen
 # in `x` and `y`. The area is 11190 by 5445 twips and fills the window below its menu bar.

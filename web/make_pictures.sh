@@ -52,7 +52,6 @@ leave() {
   wait_for 5 "the end of \"$1\"" is_gone "$1"
   take_main_window
 }
-visible_windows_are() { (($(xdotool search --onlyvisible --class kestrava | wc -l) == $1)); }
 
 take_window Kestrava
 main_window=$window
