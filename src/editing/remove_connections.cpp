@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <ranges>
 
 #include "editing/frmRemoveconn.h"
 #include "monitor/connection_table.h"
@@ -30,7 +29,8 @@ void RemoveConnections(MSFlexGrid& grid, WindowSystem& windows) {
   windows.ShowModal(dialog);
   // From the highest number down, so that each number still names the row that it named when the
   // list was filled.
-  for (const std::int32_t row : dialog.colIndexes | std::views::reverse) grid.RemoveItem(row);
+  std::for_each(dialog.colIndexes.rbegin(), dialog.colIndexes.rend(),
+                [&](std::int32_t row) { grid.RemoveItem(row); });
   windows.Unload(dialog);
 }
 

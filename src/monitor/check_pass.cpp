@@ -1,7 +1,5 @@
 #include "monitor/check_pass.h"
 
-#include <utility>
-
 #include "general/conversion.h"
 #include "monitor/connection_table.h"
 #include "monitor/general_date.h"
@@ -91,9 +89,9 @@ void CheckPass::WriteOffline(const std::string& answer) {
   state_.FailedConnections.push_back(grid_.Text());
 }
 
-void CheckPass::WriteCell(int col, std::string text) {
+void CheckPass::WriteCell(int col, std::string_view text) {
   grid_.SetCol(col);
-  grid_.SetText(std::move(text));
+  grid_.SetText(text);
 }
 
 }  // namespace kestrava

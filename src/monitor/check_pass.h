@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace kestrava {
 
@@ -41,7 +42,7 @@ class CheckPass {
   bool MoveTo(RowBookmark row, int col);
   void WriteOnline(const std::string& answer);
   void WriteOffline(const std::string& answer);
-  void WriteCell(int col, std::string text);
+  void WriteCell(int col, std::string_view text);
 
   MSFlexGrid& grid_;
   ConnectionProbe& probe_;

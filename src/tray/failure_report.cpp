@@ -14,8 +14,10 @@ char LowerCase(char letter) {
 }
 
 bool ContainsIgnoringCase(std::string_view text, std::string_view word) {
-  const auto found = std::ranges::search(text, word, {}, LowerCase, LowerCase);
-  return !found.empty();
+  const auto found =
+      std::search(text.begin(), text.end(), word.begin(), word.end(),
+                  [](char left, char right) { return LowerCase(left) == LowerCase(right); });
+  return found != text.end();
 }
 
 }  // namespace
