@@ -4,8 +4,8 @@
 
 #include "general/modGeneral.h"
 #include "help/RegAPI.h"
+#include "help/program_info.h"
 #include "help/web_pages.h"
-#include "program_info.h"
 
 namespace kestrava {
 

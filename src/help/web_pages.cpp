@@ -1,6 +1,6 @@
 #include "help/web_pages.h"
 
-#include "program_info.h"
+#include "help/program_info.h"
 
 namespace kestrava {
 
