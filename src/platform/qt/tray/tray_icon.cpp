@@ -1,13 +1,21 @@
 #include "platform/qt/tray/tray_icon.h"
 
+#include <QTimer>
+#include <chrono>
 #include <utility>
 
 namespace kestrava {
 
+namespace {
+
+/// A window that shows at the start is painted first: the session bus and the tray answer in their
+/// own time.
+constexpr std::chrono::milliseconds kFirstLook(100);
+
+}  // namespace
+
 TrayIcon::TrayIcon(MakeMenu makeMenu) : makeMenu_(std::move(makeMenu)) {
-  connect(&statusNotifier_, &StatusNotifierWatch::Changed, this, &TrayIcon::Follow);
-  connect(&xembed_, &XembedWatch::Changed, this, &TrayIcon::Follow);
-  QMetaObject::invokeMethod(this, &TrayIcon::Follow, Qt::QueuedConnection);
+  QTimer::singleShot(kFirstLook, this, &TrayIcon::LookForTrays);
 }
 
 void TrayIcon::SetIcon(const QIcon& icon) {
@@ -26,8 +34,14 @@ QRect TrayIcon::Geometry() const {
   return road_ == Road::Xembed ? inTray_->geometry() : QRect();
 }
 
+void TrayIcon::LookForTrays() {
+  connect(&statusNotifier_.emplace(), &StatusNotifierWatch::Changed, this, &TrayIcon::Follow);
+  connect(&xembed_.emplace(), &XembedWatch::Changed, this, &TrayIcon::Follow);
+  Follow();
+}
+
 void TrayIcon::Follow() {
-  if (statusNotifier_.State() == StatusNotifierWatch::Host::Asking) return;
+  if (statusNotifier_->State() == StatusNotifierWatch::Host::Asking) return;
   const Road road = BestRoad();
   if (road == road_) return;
   road_ = road;
@@ -46,11 +60,11 @@ TrayIcon::Road TrayIcon::BestRoad() const {
   // the answer, so it must not be made to ask somebody who doesn't give one.
   static Road toolkitRoad = Road::None;
   using Host = StatusNotifierWatch::Host;
-  const Host host = statusNotifier_.State();
+  const Host host = statusNotifier_->State();
   Road road = Road::StandIn;
   if (host == Host::Present && toolkitRoad != Road::Xembed) {
     road = Road::StatusNotifier;
-  } else if (xembed_.TrayPresent() && toolkitRoad != Road::StatusNotifier &&
+  } else if (xembed_->TrayPresent() && toolkitRoad != Road::StatusNotifier &&
              (host != Host::Silent || toolkitRoad == Road::Xembed)) {
     road = Road::Xembed;
   }

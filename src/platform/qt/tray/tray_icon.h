@@ -6,6 +6,7 @@
 #include <QSystemTrayIcon>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "platform/qt/tray/stand_in_icon.h"
 #include "platform/qt/tray/status_notifier_watch.h"
@@ -37,6 +38,7 @@ class TrayIcon final : public QObject {
  private:
   enum class Road { None, StatusNotifier, Xembed, StandIn };
 
+  void LookForTrays();
   void Follow();
   Road BestRoad() const;
   void ShowInTray(Road road);
@@ -46,8 +48,8 @@ class TrayIcon final : public QObject {
   QIcon icon_;
   QString tip_;
   Road road_ = Road::None;
-  StatusNotifierWatch statusNotifier_;
-  XembedWatch xembed_;
+  std::optional<StatusNotifierWatch> statusNotifier_;
+  std::optional<XembedWatch> xembed_;
   std::unique_ptr<QMenu> menu_;
   std::unique_ptr<QSystemTrayIcon> inTray_;
   std::unique_ptr<StandInIcon> standIn_;
