@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <utility>
 
 #include "platform/notification_area.h"
 #include "platform/qt/tray/balloon.h"

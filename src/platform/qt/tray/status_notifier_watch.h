@@ -4,6 +4,7 @@
 #include <QDBusServiceWatcher>
 #include <QObject>
 #include <QTimer>
+#include <memory>
 
 namespace kestrava {
 
