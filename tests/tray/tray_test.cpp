@@ -110,8 +110,10 @@ struct Desktop {
   MemoryRegistry registry;
   MemorySettings settings;
   TestClock clock;
-  frmMain main{Platform{windows, eventLoop, boxes, unused, clock, network, network, network,
-                        settings, area, versions, messages, registry, registry}};
+  ScriptedDialog dialog;
+  MemoryFiles files;
+  frmMain main{Platform{windows, eventLoop, boxes, unused, dialog, clock, network, network, network,
+                        settings, files, area, versions, messages, registry, registry, ""}};
   QTimer pulse, popupWatch;
   QElapsedTimer sinceBeat;
   qint64 slowest = 0;
