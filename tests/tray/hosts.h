@@ -121,7 +121,8 @@ struct Services {
     QDBusMessage click =
         QDBusMessage::createSignal(kNotificationsPath, kNotifications, "ActionInvoked");
     click.setArguments({41U, "default"});
-    bus.send(click);
+    // Behind the answer to the call that showed it.
+    Look([&] { return bus.send(click); });
   }
   /// Calls a method of the icon that registered last, and gives the answer as text.
   QString Call(const char* path, const char* method, const QVariantList& arguments) {
