@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds Kestrava with its benchmarks and prints each figure as "name value target ok|short". What
-# the figures were made of goes to standard error.
+# the figures were made of goes to standard error. With names of figures as arguments, only these
+# are measured.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 source scripts/packages.sh
@@ -12,7 +13,7 @@ if [[ "${1-}" != --inside ]]; then
     cmake --preset release -DKESTRAVA_BUILD_TESTS=OFF -DKESTRAVA_BUILD_BENCH=ON
     cmake --build --preset release
   } >&2
-  become_on_own_network "$PWD/bench.sh" --inside
+  become_on_own_network "$PWD/bench.sh" --inside "$@"
   echo "This machine allows no network namespaces, and nothing is measured outside of one." >&2
   exit 1
 fi
@@ -24,4 +25,4 @@ start_network
 # The group that the program runs under may open ICMP sockets, as on most desktops.
 echo "$(id -g) $(id -g)" >/proc/sys/net/ipv4/ping_group_range
 start_display
-build/bench/kestrava_bench "$silent_address"
+build/bench/kestrava_bench "$silent_address" "${@:2}"

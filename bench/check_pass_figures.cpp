@@ -1,4 +1,5 @@
 #include <arpa/inet.h>
+#include <cstdio>
 
 #include "bare_echo.h"
 #include "child_process.h"
@@ -19,21 +20,34 @@ std::vector<std::string> LoopbackAddresses(int count) {
   return addresses;
 }
 
+/// Each row of a pass over so many answering machines, over a bare echo.
+double PassOverBareEchoes(int count, int rounds) {
+  const auto addresses = LoopbackAddresses(count);
+  RealProgram program;
+  program.Fill(addresses);
+  std::fprintf(stderr, "seconds for each of %d rows:\n", count);
+  return RatioOf(
+      rounds, [&] { return program.Check("Online (Ping Response)") / count; },
+      [&] {
+        const double seconds = SecondsOf([&] {
+          for (const std::string& address : addresses) EchoBarely(inet_addr(address.c_str()));
+        });
+        return seconds / count;
+      });
+}
+
 }  // namespace
 
 void MeasurePassRow() {
-  constexpr int kRounds = 15;
-  const auto addresses = LoopbackAddresses(1000);
-  RealProgram program;
-  program.Fill(addresses);
-  const double ratio = RatioOf(
-      kRounds, [&] { return program.Check("Online (Ping Response)"); },
-      [&] {
-        return SecondsOf([&] {
-          for (const std::string& address : addresses) EchoBarely(inet_addr(address.c_str()));
-        });
-      });
-  PrintFigure("pass_row", ratio, 1.5);
+  constexpr int kRounds = 31;
+  PrintFigure("pass_row", PassOverBareEchoes(1000, kRounds), 1.5);
+}
+
+void MeasurePassGrowth() {
+  constexpr int kRounds = 7;
+  PassOverBareEchoes(100, kRounds);
+  PassOverBareEchoes(1000, kRounds);
+  PassOverBareEchoes(10000, kRounds);
 }
 
 void MeasurePassAgainstPing() {

@@ -10,6 +10,9 @@ namespace kestrava {
 /// One row of a pass over answering machines, over the bare echo: `pass_row`.
 void MeasurePassRow();
 
+/// The same for short and long tables, on standard error alone: `pass_growth`.
+void MeasurePassGrowth();
+
 /// A pass over answering machines, against one `ping` process for each: `pass_vs_ping`.
 void MeasurePassAgainstPing();
 
@@ -23,5 +26,24 @@ void MeasureIdlePump();
 /// Start to first painted window, over the least that a Qt window with a table can be: `startup`.
 /// @param folder where the two programs are.
 void MeasureStartup(const std::string& folder);
+
+/// Loading a long list into the table, with the view of it, over reading its lines and splitting
+/// them into strings: `load_100k`.
+/// @param folder where a list file may be put for a while; so below.
+void MeasureLoad(const std::string& folder);
+
+/// Saving a long list, over writing its bytes in one go: `save_100k`.
+void MeasureSave(const std::string& folder);
+
+/// Resident bytes for each row of a long list in the window: `memory_row`.
+void MeasureMemory(const std::string& folder);
+
+/// Removing half of the rows that a removal may offer, over copying the table once: `remove_half`.
+void MeasureRemoval();
+
+/// Wake-ups a minute of the program when nothing happens: `idle_wakeups`.
+/// @param program its file.
+/// @param bareWindow that of the least Qt program with a window and a table.
+void MeasureIdleWakeups(const std::string& program, const std::string& bareWindow);
 
 }  // namespace kestrava

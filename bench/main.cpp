@@ -1,25 +1,58 @@
 // Measures the program's speed, each figure beside its floor. `bench.sh` gives it a display and a
-// network of its own, with the address of a silent machine as the argument.
+// network of its own, with the address of a silent machine as the first argument. The names of
+// figures may follow it; without them all are measured.
 
 #include <QApplication>
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
 #include <exception>
+#include <functional>
+#include <span>
+#include <string_view>
 
 #include "figures.h"
 
+namespace {
+
+struct Measurement {
+  std::string_view name;
+  std::function<void()> run;
+};
+
+}  // namespace
+
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::fprintf(stderr, "usage: kestrava_bench ADDRESS_OF_A_SILENT_MACHINE\n");
+  using namespace kestrava;
+
+  if (argc < 2) {
+    std::fprintf(stderr, "usage: kestrava_bench ADDRESS_OF_A_SILENT_MACHINE [FIGURE...]\n");
     return 2;
   }
   try {
     const QApplication application(argc, argv);
-    kestrava::MeasurePassRow();
-    kestrava::MeasurePassAgainstPing();
-    kestrava::MeasureSilentMachine(argv[1]);
-    kestrava::MeasureIdlePump();
-    kestrava::MeasureStartup(QApplication::applicationDirPath().toStdString());
+    std::setlocale(LC_NUMERIC, "C");
+    const std::string folder = QApplication::applicationDirPath().toStdString();
+    const Measurement measurements[] = {
+        {"pass_row", MeasurePassRow},
+        {"pass_growth", MeasurePassGrowth},
+        {"pass_vs_ping", MeasurePassAgainstPing},
+        {"silent_cpu", [&] { MeasureSilentMachine(argv[1]); }},
+        {"pump_idle", MeasureIdlePump},
+        {"startup", [&] { MeasureStartup(folder); }},
+        {"load_100k", [&] { MeasureLoad(folder); }},
+        {"save_100k", [&] { MeasureSave(folder); }},
+        {"memory_row", [&] { MeasureMemory(folder); }},
+        {"remove_half", MeasureRemoval},
+        {"idle_wakeups",
+         [&] { MeasureIdleWakeups(folder + "/../kestrava", folder + "/bare_window"); }},
+    };
+    const std::span wanted(argv + 2, argv + argc);
+    for (const Measurement& measurement : measurements) {
+      if (wanted.empty() || std::ranges::find(wanted, measurement.name) != wanted.end()) {
+        measurement.run();
+      }
+    }
   } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());
     return 1;

@@ -6,6 +6,7 @@
 
 #include "figure.h"
 #include "monitor/connection_table.h"
+#include "platform/qt/grid_view.h"
 
 namespace kestrava {
 
@@ -39,6 +40,13 @@ double RealProgram::Check(const std::string& status) {
   }
   Settle();
   return seconds;
+}
+
+void RealProgram::CatchUp() {
+  auto* view = windows_.WidgetOf(window)->findChild<GridView*>();
+  static_cast<GridModel*>(view->model())->CatchUp();
+  // What has to be painted again waits as an event.
+  if (eventLoop_.PumpEvents() == LoopState::Ending) throw std::runtime_error("the program ended");
 }
 
 /// Lets the window finish what it has begun to show.

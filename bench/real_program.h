@@ -40,8 +40,13 @@ class RealProgram {
   /// @throws std::runtime_error unless every row then shows `status`.
   double Check(const std::string& status);
 
+  /// Has the view of the table show its latest state at once.
+  void CatchUp();
+
   const AttemptMeter& Attempts() const { return attempts_; }
   EventLoop& Loop() { return eventLoop_; }
+  FileSystemObject& FileSystem() { return fileSystem_; }
+  MessageBoxes& Boxes() { return messageBoxes_; }
 
  private:
   void Settle();
