@@ -3,7 +3,6 @@
 #include <iterator>
 #include <numeric>
 #include <random>
-#include <ranges>
 #include <type_traits>
 
 #include "figure.h"
@@ -60,7 +59,8 @@ void MeasureRemoval() {
         grid.SetRows(kHeadingRow + 1);
         program.Fill(addresses);
         return SecondsOf([&] {
-          for (const std::int32_t row : marked | std::views::reverse) grid.RemoveItem(row);
+          std::for_each(marked.rbegin(), marked.rend(),
+                        [&](std::int32_t row) { grid.RemoveItem(row); });
           program.CatchUp();
         });
       },
