@@ -1,9 +1,6 @@
 #pragma once
 
-#include <QApplication>
-#include <QTest>
-#include <QTimer>
-
+#include "desktop/user.h"
 #include "monitor/connection_table.h"
 #include "platform/linux/linux_file_system.h"
 #include "platform/qt/grid_view.h"
@@ -21,24 +18,18 @@ struct Desktop {
     network.At("127.0.0.1") = kAnswering;
     windows.Load(main);
     windows.Show(main);
-    window = TopLevel("frmMain");
+    window = Widget("frmMain");
     view = window->findChild<GridView*>();
   }
   ~Desktop() {
     windows.Unload(main);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
-  static QWidget* TopLevel(const char* name) {
-    const QWidgetList all = QApplication::topLevelWidgets();
-    return *std::ranges::find(all, name, &QWidget::objectName);
-  }
-  void AddRow(const std::string& name, Color lamp = kNoColor) {
+  void AddRow(const std::string& name) {
     AppendConnectionRow(grid);
-    grid.SetCol(0);
-    grid.SetCellBackColor(lamp);
-    grid.SetCol(1);
+    grid.SetCol(kNameColumn);
     grid.SetText(name);
-    grid.SetCol(2);
+    grid.SetCol(kAddressColumn);
     grid.SetText("127.0.0.1");
   }
   /// Lets the view catch up with the grid.
@@ -56,23 +47,8 @@ struct Desktop {
   MemorySettings settings;
   MemoryShell shell;
   MemoryRegistry registry;
-  frmMain main{Platform{.windows = windows,
-                        .eventLoop = eventLoop,
-                        .messageBoxes = boxes,
-                        .promptBoxes = prompts,
-                        .commonDialog = dialogs,
-                        .clock = clock,
-                        .icmp = network,
-                        .sockets = network,
-                        .rdp = network,
-                        .settings = settings,
-                        .fileSystem = files,
-                        .notificationArea = shell,
-                        .versions = shell,
-                        .messages = shell,
-                        .registry = registry,
-                        .processes = registry,
-                        .programFolder = "/nowhere"}};
+  frmMain main{Platform{windows, eventLoop, boxes, prompts, dialogs, clock, network, network,
+                        network, settings, files, shell, shell, shell, registry, registry, ""}};
   MSFlexGrid& grid = main.grdServers;
   QWidget* window;
   GridView* view;

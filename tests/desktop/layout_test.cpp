@@ -5,7 +5,7 @@
 #include <QStyleOptionButton>
 #include <gtest/gtest.h>
 
-#include "desktop.h"
+#include "desktop/desktop.h"
 
 namespace kestrava::test {
 /// Compares the room that a text has with what the text takes, broken into lines where it may be.
@@ -53,7 +53,7 @@ TEST(Layout, HoldsEveryTextAtAnyFontSizeAndAfterAChangeOfIt) {
       QApplication::setFont(QFont(before.family(), later));
       desktop.Settle();
       ExpectReadable(desktop.window);
-      ExpectReadable(desktop.TopLevel("frmNewConn"));
+      ExpectReadable(Widget("frmNewConn"));
       const auto* bar = desktop.window->findChild<QMenuBar*>();
       for (QAction* menu : bar->actions()) {
         ExpectFits(bar, menu->text(), (bar->actionGeometry(menu) & bar->rect()).size());

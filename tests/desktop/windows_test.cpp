@@ -1,15 +1,14 @@
 #include <QAccessible>
-#include <QLineEdit>
+#include <QHeaderView>
+#include <QLabel>
+#include <QListView>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-#include "desktop.h"
+#include "desktop/desktop.h"
+#include "help/web_pages.h"
 
 namespace kestrava::test {
-/// Acts on the modal window that the next call opens.
-static void InNextModal(std::function<void(QWidget*)> act) {
-  QTimer::singleShot(0, [act = std::move(act)] { act(QApplication::activeModalWidget()); });
-}
-
 TEST(Windows, AddByKeyAndMouse) {
   const std::pair<const char*, Qt::Key> ways[] = {{"txtName", Qt::Key_Return},
                                                   {"cmdSave", Qt::Key_Space},
@@ -18,21 +17,95 @@ TEST(Windows, AddByKeyAndMouse) {
                                                   {"", Qt::Key_Close}};
   Desktop desktop;
   for (const auto& [place, key] : ways) {
-    InNextModal([&, place = place, key = key](QWidget* dialog) {
-      InNextModal([](QWidget* box) {
-        EXPECT_EQ(box->windowTitle(), "Kestrava");
-        box->close();
-      });
+    const auto fill = [place = place, key = key](QWidget* dialog) {
       QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
       EXPECT_EQ(dialog->focusWidget()->objectName(), "txtName") << "no address: the box stays open";
       QTest::keyClicks(dialog->findChild<QWidget*>("txtAddress"), "127.0.0.1");
-      if (key == Qt::Key_Close) dialog->close();
-      if (key != Qt::Key_Close) QTest::keyClick(dialog->findChild<QWidget*>(place), key);
-    });
-    QTest::mouseClick(desktop.window->findChild<QWidget*>("cmdAdd"), Qt::LeftButton);
+      if (key == Qt::Key_Close) return void(dialog->close());
+      QTest::keyClick(dialog->findChild<QWidget*>(place), key);
+    };
+    InDialogs({fill, closeDialog});
+    Click("cmdAdd");
   }
   ASSERT_EQ(desktop.grid.Rows(), 3);
   EXPECT_EQ(desktop.grid.TextAt(2, 1), "New Connection 2");
+}
+
+TEST(Windows, EveryButtonAndMenuEntryDoesItsWork) {
+  const QTemporaryDir folder;
+  const QString list = folder.filePath("list.kvl");
+  Desktop desktop;
+  desktop.registry.values = {{"", REG_SZ, "\"browser\" %1"}};
+  const auto cell = [&](int row, int column) { return desktop.grid.TextAt(row, column); };
+  InDialogs({Enter("127.0.0.1", "txtAddress"), Enter("127.0.0.1", "txtAddress")});
+  Click("cmdAdd");
+  Pick("mnuConnCreate");
+  ASSERT_EQ(desktop.grid.Rows(), 3);
+  Click("cmdCheck");
+  EXPECT_EQ(cell(2, kStatusColumn), "Online (Ping Response)");
+
+  desktop.Settle();
+  auto* lamps = desktop.view->verticalHeader();
+  const QPoint middle(lamps->width() / 2, lamps->sectionSize(0) / 2);
+  EXPECT_EQ(lamps->grab().toImage().pixel(middle * lamps->devicePixelRatio()), 0xFF00FF00);
+  EXPECT_EQ(lamps->model()->headerData(0, Qt::Vertical, Qt::AccessibleTextRole), "Online");
+  const auto doubleClick = [&](int column) {
+    const QRect place = desktop.view->visualRect(desktop.view->model()->index(0, column - 1));
+    QTest::mouseDClick(desktop.view->viewport(), Qt::LeftButton, {}, place.center());
+  };
+  InDialogs({Enter("Mail"), Enter("127.0.0.2")});
+  doubleClick(kNameColumn);
+  QTest::keyClick(desktop.view, Qt::Key_Right);
+  QTest::keyClick(desktop.view, Qt::Key_Return);
+  doubleClick(kCheckingColumn);
+  EXPECT_EQ(cell(1, kNameColumn) + cell(1, kAddressColumn), "Mail127.0.0.2");
+  EXPECT_EQ(cell(1, kCheckingColumn), "Disabled");
+
+  const auto refuse = [](QWidget* question) { QTest::keyClick(question, Qt::Key_Escape); };
+  InDialogs({Enter(list), closeDialog, Enter(list), refuse, closeDialog, Enter(list)});
+  Pick("mnuFileSave");
+  Pick("mnuFileSave");
+  Pick("mnuFileNew");
+  EXPECT_FALSE(Widget("cmdCheck")->isEnabled() || Widget("cmdRemove")->isEnabled());
+  Pick("mnuFileLoad");
+  ASSERT_EQ(desktop.grid.Rows(), 3);
+  InDialogs({[](QWidget* dialog) {
+    auto* marks = dialog->findChild<QListView*>();
+    marks->setCurrentIndex(marks->model()->index(1, 0));
+    QTest::keyClick(marks, Qt::Key_Space);
+    QTest::mouseClick(dialog->findChild<QWidget*>("cmdDelete"), Qt::LeftButton);
+  }});
+  Click("cmdRemove");
+  EXPECT_EQ(desktop.grid.Rows(), 2);
+  EXPECT_EQ(cell(1, kNameColumn), "Mail");
+
+  Pick("mnuFileAuto");
+  EXPECT_TRUE(desktop.window->findChild<QAction*>("mnuFileAuto")->isChecked());
+  InDialogs({Enter("7", "txtInterval")});
+  Pick("mnuConnPref");
+  EXPECT_EQ(desktop.main.State().CheckInterval, 7);
+  desktop.window->activateWindow();
+  desktop.Settle();
+  QTest::keyClick(desktop.window, Qt::Key_F1);
+  InDialogs({[](QWidget* about) {
+    auto* link = about->findChild<QLabel*>("lblWeb");
+    QTest::mouseClick(link, Qt::LeftButton, {}, {5, link->height() / 2});
+    EXPECT_TRUE(about->isVisible());
+    about->close();
+  }});
+  QTest::keyClick(desktop.window, Qt::Key_F2);
+  EXPECT_EQ(desktop.registry.started, (std::vector{"\"browser\" " + ManualUrl(),  //
+                                                   "\"browser\" " + WebSiteUrl()}));
+  for (const auto& restore :
+       {Act([&] { desktop.main.RestoreWindow(); }), Act([] { Pick("mnuFileRestore"); })}) {
+    Pick("mnuFileTray");
+    EXPECT_FALSE(desktop.window->isVisible());
+    restore();
+    EXPECT_TRUE(desktop.window->isVisible());
+  }
+  Pick("mnuFileExit");
+  EXPECT_FALSE(desktop.window->isVisible());
+  EXPECT_EQ(desktop.eventLoop.PumpEvents(), LoopState::Ending);
 }
 
 TEST(Windows, ATextBoxKeepsItsBytesUntilTheUserEditsIt) {
@@ -40,7 +113,7 @@ TEST(Windows, ATextBoxKeepsItsBytesUntilTheUserEditsIt) {
   frmNewConn dialog(desktop.windows, desktop.boxes);
   desktop.windows.Load(dialog);
   dialog.txtName.SetText("B\xFCro \x80");
-  auto* edit = desktop.TopLevel("frmNewConn")->findChild<QLineEdit*>("txtName");
+  auto* edit = Widget("frmNewConn")->findChild<QLineEdit*>("txtName");
   EXPECT_EQ(edit->text(), QString("B\u00FCro \u20AC"));
   EXPECT_EQ(dialog.txtName.Text(), "B\xFCro \x80");
   QTest::keyClick(edit, Qt::Key_X);
@@ -60,16 +133,13 @@ TEST(Windows, CloseEndsARunningPassAtOnce) {
   EXPECT_EQ(echoes, 2);
   EXPECT_EQ(desktop.grid.TextAt(2, 3), "");
   EXPECT_FALSE(desktop.window->isVisible());
-  EXPECT_EQ(desktop.eventLoop.PumpEvents(), LoopState::Ending);
 }
 
 TEST(Windows, TheEndClosesDialogAndMessageBox) {
   Desktop desktop;
-  InNextModal([&](QWidget*) {
-    InNextModal([&](QWidget*) { desktop.main.mnuFileExit.Click.Raise(); });
-    EXPECT_EQ(desktop.boxes.AskYesNo("waiting", "title"), YesNo::No);
-  });
-  desktop.main.cmdAdd.Press();
+  InDialogs({[&](QWidget*) { EXPECT_EQ(desktop.boxes.AskYesNo("waiting", "title"), YesNo::No); },
+             [](QWidget*) { Pick("mnuFileExit"); }});
+  Click("cmdAdd");
   for (const QWidget* widget : QApplication::topLevelWidgets()) EXPECT_FALSE(widget->isVisible());
 }
 

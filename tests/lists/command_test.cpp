@@ -1,86 +1,59 @@
-#include "lists/list_commands.h"
-#include "lists_test.h"
+#include <gtest/gtest.h>
+
+#include "support/memory_desktop.h"
 
 namespace kestrava::test {
 namespace {
 
-using Texts = std::vector<std::string>;
-
-const std::string kSaved = "Connection List Successfully Saved";
-const std::string kNotSaved = "Connection List Save Failed";
-const std::string kNotLoaded = "Connection List Load Failed";
-
-struct Program {
-  MemoryFiles files;
-  ScriptedDialog dialog;
-  Boxes boxes;
-  std::string lastListFile = "before";
-  int ruleApplied = 0;
-  BareTable table{{{"Old"}, {"Older"}}};
-  ListCommands lists{
-      table.grid, files, dialog, boxes, lastListFile, "/opt/k", [this] { ++ruleApplied; }};
-};
-
 TEST(ListCommands, LoopUntilAFileServesOrFails) {
-  const auto load = &ListCommands::LoadList;
-  const auto save = &ListCommands::SaveList;
+  const std::string magic = "ZR_Kestrava_ConnectionList\r\n";
+  const std::string saved = "Connection List Successfully Saved";
+  const std::string notSaved = "Connection List Save Failed";
+  const std::string notLoaded = "Connection List Load Failed";
+  const auto create = &frmMain::mnuFileNew;
+  const auto load = &frmMain::mnuFileLoad;
+  const auto save = &frmMain::mnuFileSave;
   const struct {
-    void (ListCommands::*command)();
+    MenuEntry frmMain::*entry;
     std::deque<std::string> choices;
     std::size_t showings;
-    Texts boxes;
+    std::string box;
     std::int32_t rows;
-    const char* lastListFile;
-    YesNo answer = YesNo::Yes;
+    std::string lastListFile;
     int openError = 0;
   } cases[] = {
-      {load, {}, 1, {}, 3, "before"},
-      {load, {"good"}, 1, {}, 2, "good"},
-      {load, {"bare"}, 1, {}, 1, "bare"},
-      {load, {"text", "text", "good"}, 3, {}, 2, "good"},
-      {load, {"text"}, 2, {}, 1, "before"},
-      {load, {"no", "good"}, 1, {kNotLoaded}, 1, "before"},
-      {load, {"short"}, 1, {kNotLoaded}, 3, "before"},
-      {save, {}, 1, {}, 3, "before"},
-      {save, {"new"}, 1, {kSaved}, 3, "new"},
-      {save, {"good"}, 2, {kQuestion}, 3, "before", YesNo::No},
-      {save, {"good", "good"}, 2, {kQuestion, kQuestion, kSaved}, 3, "good", YesNo::No},
-      {save, {"new", "new"}, 1, {kNotSaved}, 3, "before", YesNo::No, 13},
+      {create, {}, 0, "", 1, "before"},
+      {load, {}, 1, "", 3, "before"},
+      {load, {"bare"}, 1, "", 1, "bare"},
+      {load, {"text", "text", "good"}, 3, "", 2, "good"},
+      {load, {"no", "good"}, 1, notLoaded, 1, "before"},
+      {load, {"short"}, 1, notLoaded, 3, "before"},
+      {save, {}, 1, "", 3, "before"},
+      {save, {"good"}, 1, saved, 3, "good"},
+      {save, {"new", "new"}, 1, notSaved, 3, "before", 13},
   };
   for (const auto& expected : cases) {
     SCOPED_TRACE(testing::PrintToString(expected.choices));
-    const bool loads = expected.command == load;
-    Program program;
+    Scenario program(StoredSettings{{"LastListFile", "before"}});
+    for (const char* name : {"old", "older"}) program.Add(name, "10.0.0.1");
     program.files.files = {{"text", "text\r\n"},
-                           {"bare", kMagic},
-                           {"good", kMagic + "a,b,c,d,e\r\n"},
-                           {"short", kMagic + ",,,,\nx\n"}};
+                           {"bare", magic},
+                           {"good", magic + "a,b,c,d,e\r\n"},
+                           {"short", magic + ",,,,\nx\n"}};
     program.files.openError = expected.openError;
-    program.files.folder = loads ? "/opt/k" : "/opt/k/Lists";
-    program.dialog.choices = expected.choices;
-    program.boxes.answer = expected.answer;
-    (program.lists.*expected.command)();
-    const auto* showing = loads ? "open; Kestrava List Files (*.kvl)|*.kvl; "
-                                : "save; Kestrava List Files (*.kvl)|*.kvl; /opt/k/Lists";
-    EXPECT_EQ(program.dialog.shown, Texts(expected.showings, showing));
-    EXPECT_EQ(program.boxes.shown, expected.boxes);
-    EXPECT_EQ(program.table.grid.Rows(), expected.rows);
-    EXPECT_EQ(program.lastListFile, expected.lastListFile);
-    EXPECT_EQ(program.ruleApplied, loads && program.lastListFile != "before" ? 1 : 0);
+    program.files.folder = expected.entry == load ? "/program" : "/program/Lists";
+    program.fileDialog.choices = expected.choices;
+    (program.window.*expected.entry).Click.Raise();
+    const auto* showing = expected.entry == load
+                              ? "open; Kestrava List Files (*.kvl)|*.kvl; "
+                              : "save; Kestrava List Files (*.kvl)|*.kvl; /program/Lists";
+    EXPECT_EQ(program.fileDialog.shown, std::vector<std::string>(expected.showings, showing));
+    EXPECT_EQ(program.desktop.boxes.empty() ? "" : program.desktop.boxes[0].first, expected.box);
+    EXPECT_EQ(program.window.grdServers.Rows(), expected.rows);
+    EXPECT_EQ(program.window.State().LastListFile, expected.lastListFile);
+    EXPECT_TRUE(program.window.cmdCheck.Enabled() == (expected.rows > 1) ||
+                expected.box == notLoaded);
   }
-}
-
-TEST(ListCommands, ANewListIsEmptyAndCountsAsSaved) {
-  Program program;
-  program.lists.NewList();
-  EXPECT_EQ(program.table.grid.Rows(), 1);
-  EXPECT_EQ(program.ruleApplied, 1);
-  EXPECT_EQ(program.lastListFile, "before");
-  program.dialog.choices = {"new"};
-  program.lists.SaveList();
-  EXPECT_EQ(program.boxes.shown, Texts{kSaved});
-  EXPECT_FALSE(program.files.FileExists("new"));
-  EXPECT_EQ(program.lastListFile, "new");
 }
 
 }  // namespace

@@ -1,16 +1,10 @@
 #include "support/network_namespace.h"
 
-#include <cerrno>
-#include <csignal>
 #include <cstdlib>
-#include <cstring>
 #include <fcntl.h>
 #include <fstream>
 #include <sched.h>
 #include <stdexcept>
-#include <sys/mount.h>
-#include <sys/prctl.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace kestrava::test {
@@ -38,21 +32,8 @@ void Enter(int network) {
   if (setns(network, CLONE_NEWNET) != 0) throw std::runtime_error("setns failed");
 }
 
-bool UnshareNetwork() {
-  if (unshare(CLONE_NEWNET) == 0) return true;
-  const auto user = std::to_string(geteuid());
-  const auto group = std::to_string(getegid());
-  if (unshare(CLONE_NEWUSER | CLONE_NEWNET) != 0) return false;
-  std::ofstream("/proc/self/setgroups") << "deny";
-  std::ofstream("/proc/self/uid_map") << "0 " + user + " 1";
-  std::ofstream("/proc/self/gid_map") << "0 " + group + " 1";
-  return true;
-}
-
 std::string MakeNetwork() {
-  if (!UnshareNetwork()) {
-    return std::string("no network namespace can be made here: ") + std::strerror(errno);
-  }
+  if (!Unshare(CLONE_NEWNET)) return "no network namespace can be made here";
   ownNamespace = OpenNamespace();
   if (unshare(CLONE_NEWNET) != 0) return "no second network namespace can be made here";
   peerNamespace = OpenNamespace();
@@ -60,38 +41,32 @@ std::string MakeNetwork() {
   const auto pair = "ip link add own type veth peer name peer netns /proc/" +
                     std::to_string(getpid()) + "/fd/" + std::to_string(peerNamespace);
   bool done = std::system(pair.c_str()) == 0 && std::system(kOwnSetup) == 0;
-  const PeerScope peer;
-  done = done && std::system(kPeerSetup) == 0;
+  OnPeer([&done] { done = done && std::system(kPeerSetup) == 0; });
   return done ? "" : "no pair of links can be set up here";
 }
 
 }  // namespace
+
+bool Unshare(int flags) {
+  if (unshare(flags) == 0) return true;
+  const auto user = std::to_string(geteuid());
+  const auto group = std::to_string(getegid());
+  if (unshare(CLONE_NEWUSER | flags) != 0) return false;
+  std::ofstream("/proc/self/setgroups") << "deny";
+  std::ofstream("/proc/self/uid_map") << "0 " + user + " 1";
+  std::ofstream("/proc/self/gid_map") << "0 " + group + " 1";
+  return true;
+}
 
 const std::string& NetworkNamespaceProblem() {
   static const std::string problem = MakeNetwork();
   return problem;
 }
 
-PeerScope::PeerScope() { Enter(peerNamespace); }
-PeerScope::~PeerScope() { Enter(ownNamespace); }
-
-RunInPeer::RunInPeer(std::vector<std::string> arguments) : process_(fork()) {
-  if (process_ != 0) return;
-  prctl(PR_SET_PDEATHSIG, SIGKILL);
-  std::vector<char*> words;
-  for (std::string& argument : arguments) words.push_back(argument.data());
-  words.push_back(nullptr);
-  if (setns(peerNamespace, CLONE_NEWNET) == 0 && unshare(CLONE_NEWNS) == 0 &&
-      mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
-      mount("none", "/run", "tmpfs", 0, nullptr) == 0) {
-    execvp(words[0], words.data());
-  }
-  _exit(127);
-}
-
-RunInPeer::~RunInPeer() {
-  kill(process_, SIGKILL);
-  waitpid(process_, nullptr, 0);
+void OnPeer(const std::function<void()>& act) {
+  Enter(peerNamespace);
+  act();
+  Enter(ownNamespace);
 }
 
 }  // namespace kestrava::test

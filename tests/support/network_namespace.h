@@ -2,49 +2,34 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <gtest/gtest.h>
 #include <string>
-#include <sys/types.h>
-#include <vector>
 
 namespace kestrava::test {
 
 /// The machines of the test's own network. All of 127.0.0.0/8 answers echoes.
 inline constexpr char kAnsweringHost[] = "127.0.0.9";
-inline constexpr char kPeer[] = "10.66.1.2";  ///< answers no echo; what `RunInPeer` starts, serves
-inline constexpr char kPeerToo[] = "10.66.1.3";      ///< the same machine
-inline constexpr char kSilent[] = "10.66.2.1";       ///< a black hole
+inline constexpr char kPeer[] = "10.66.1.2";    ///< answers no echo; what runs `OnPeer`, serves
+inline constexpr char kSilent[] = "10.66.2.1";  ///< a black hole
 inline constexpr char kUnreachable[] = "10.66.3.1";  ///< a router says: host unreachable
 inline constexpr char kFarAway[] = "10.66.5.1";      ///< a router says: time to live exceeded
 inline constexpr char kNoHost[] = "10.66.9.1";       ///< this system says: no route to host
 inline constexpr char kNoNetwork[] = "10.99.0.1";    ///< this system says: network unreachable
 inline constexpr char kBroadcast[] = "10.66.1.255";
 
+/// Leaves the namespaces of the kinds `flags`, as `unshare` does: as root, or else as the root of a
+/// user namespace.
+/// @return whether that can be done here.
+bool Unshare(int flags);
+
 /// Puts this process into a network of its own, at the first call, which must come before the first
-/// thread: as root, or else through a user namespace. No packet leaves it.
+/// thread. No packet leaves it.
 /// @return empty, or why that can't be done here, so that the test is skipped.
 const std::string& NetworkNamespaceProblem();
 
-/// While it lives, sockets that this thread makes and programs that it starts are the peer's.
-class PeerScope {
- public:
-  PeerScope();
-  ~PeerScope();
-  PeerScope(const PeerScope&) = delete;
-  PeerScope& operator=(const PeerScope&) = delete;
-};
-
-/// A program that runs on the peer, with a `/run` of its own, until the object goes.
-class RunInPeer {
- public:
-  explicit RunInPeer(std::vector<std::string> arguments);
-  ~RunInPeer();
-  RunInPeer(const RunInPeer&) = delete;
-  RunInPeer& operator=(const RunInPeer&) = delete;
-
- private:
-  pid_t process_;
-};
+/// Sockets that `act` makes and programs that it starts are the peer's.
+void OnPeer(const std::function<void()>& act);
 
 /// A test in the network of its own, that gives every descriptor back.
 class NetworkTest : public testing::Test {
@@ -53,11 +38,7 @@ class NetworkTest : public testing::Test {
     if (!NetworkNamespaceProblem().empty()) GTEST_SKIP() << NetworkNamespaceProblem();
     descriptors_ = CountDescriptors();
   }
-  void TearDown() override {
-    if (!IsSkipped()) {
-      EXPECT_EQ(CountDescriptors(), descriptors_);
-    }
-  }
+  void TearDown() override { EXPECT_TRUE(IsSkipped() || CountDescriptors() == descriptors_); }
 
  private:
   static std::ptrdiff_t CountDescriptors() {

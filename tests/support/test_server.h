@@ -2,12 +2,14 @@
 
 #include <array>
 #include <chrono>
-#include <filesystem>
-#include <fstream>
+#include <csignal>
 #include <netinet/in.h>
 #include <string>
+#include <sys/prctl.h>
 #include <sys/socket.h>
+#include <sys/wait.h>
 #include <thread>
+#include <unistd.h>
 
 #include "platform/linux/file_descriptor.h"
 #include "platform/linux/linux_remote_desktop.h"
@@ -32,8 +34,7 @@ struct Manner {
 class TestServer {
  public:
   explicit TestServer(Manner manner) : manner_(std::move(manner)) {
-    const PeerScope scope;
-    listener_ = FileDescriptor(socket(AF_INET, SOCK_STREAM, 0));
+    OnPeer([this] { listener_ = FileDescriptor(socket(AF_INET, SOCK_STREAM, 0)); });
     const int on = 1;
     setsockopt(listener_.Number(), SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
     const sockaddr_in own{AF_INET, htons(kRemoteDesktopPort), {}, {}};
@@ -68,21 +69,30 @@ class TestServer {
   std::jthread thread_;
 };
 
-/// A real xrdp on the peer.
+/// A real xrdp on the peer, with a `/run` of its own, until the object goes.
 class RealRemoteDesktopServer {
  public:
-  ~RealRemoteDesktopServer() { std::filesystem::remove_all(folder_); }
-
- private:
-  std::string WriteConfiguration() {
-    const std::string file = folder_ + "/xrdp.ini";
-    std::ofstream(file) << "[Globals]\nini_version=1\nfork=false\nport=3389\n[Logging]\nLogFile="
-                        << folder_ << "/log\n[Channels]\n[Xvnc]\nname=Xvnc\nlib=libvnc.so\n";
-    return file;
+  RealRemoteDesktopServer() {
+    OnPeer([this] {
+      process_ = fork();
+      if (process_ != 0) return;
+      prctl(PR_SET_PDEATHSIG, SIGKILL);
+      execlp("unshare", "unshare", "--mount", "sh", "-c", kCommand, nullptr);
+      _exit(127);
+    });
+  }
+  ~RealRemoteDesktopServer() {
+    kill(process_, SIGKILL);
+    waitpid(process_, nullptr, 0);
   }
 
-  const std::string folder_ = mkdtemp(std::string("/tmp/xrdpXXXXXX").data());
-  RunInPeer xrdp_{{"xrdp", "--nodaemon", "--config", WriteConfiguration()}};
+ private:
+  static constexpr char kCommand[] =
+      "set -e; mount -t tmpfs none /run; cd /run; printf '[Globals]\\nini_version=1\\nfork=false\\n"
+      "port=3389\\n[Logging]\\nLogFile=/run/log\\n[Channels]\\n[Xvnc]\\nname=Xvnc\\n"
+      "lib=libvnc.so\\n' > xrdp.ini; exec xrdp --nodaemon --config /run/xrdp.ini";
+
+  pid_t process_ = 0;
 };
 
 }  // namespace kestrava::test

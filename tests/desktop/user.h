@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QAction>
+#include <QApplication>
+#include <QLineEdit>
+#include <QTest>
+#include <QTimer>
+#include <deque>
+#include <functional>
+
+/// What the user does in the windows of the program.
+namespace kestrava::test {
+
+/// The window of this name, or else the widget in the main window.
+inline QWidget* Widget(const QString& name) {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->objectName() == name) return window;
+  }
+  return name == "frmMain" ? nullptr : Widget("frmMain")->findChild<QWidget*>(name);
+}
+inline void Click(const QString& button) { QTest::mouseClick(Widget(button), Qt::LeftButton); }
+inline void Pick(const QString& entry) { Widget("frmMain")->findChild<QAction*>(entry)->trigger(); }
+inline void Type(QWidget* dialog, const QString& field, const QString& text) {
+  auto* edit = dialog->findChild<QLineEdit*>(field);
+  edit->setFocus();
+  edit->selectAll();
+  edit->insert(text);
+}
+
+/// What the user does, one after the other, in the dialogs that come up next.
+using Acts = std::deque<std::function<void(QWidget* dialog)>>;
+inline void InDialogs(Acts acts) {
+  QTimer::singleShot(20, [acts = std::move(acts)]() mutable {
+    QWidget* dialog = QApplication::activeModalWidget();
+    if (!dialog) return InDialogs(std::move(acts));
+    const auto act = std::move(acts.front());
+    acts.pop_front();
+    if (!acts.empty()) InDialogs(std::move(acts));
+    act(dialog);
+  });
+}
+/// Fills a field, the first for no name, and presses Enter.
+inline auto Enter(const QString& text, const QString& field = {}) {
+  return [=](QWidget* dialog) {
+    Type(dialog, field, text);
+    QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
+  };
+}
+inline const auto closeDialog = [](QWidget* dialog) { dialog->close(); };
+
+}  // namespace kestrava::test

@@ -1,0 +1,225 @@
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+#include "lists/connection_list_file.h"
+#include "platform/linux/linux_file_system.h"
+#include "support/bare_table.h"
+#include "support/memory_desktop.h"
+#include "support/network_namespace.h"
+
+namespace kestrava::test {
+namespace {
+
+using namespace std::string_literals;
+
+const std::string kMagic = "ZR_Kestrava_ConnectionList\r\n";
+const std::string kTooFew = "5 - a line of the list has fewer than four commas";
+const std::string kReselect = "RESELECT";
+
+std::string SystemError(int number) {
+  return std::to_string(number) + " - " + std::strerror(number);
+}
+
+/// A user in front of message boxes.
+struct Boxes : MemoryDesktop {
+  YesNo AskYesNo(const std::string& text, const std::string& title) override {
+    questions.push_back(title + ": " + text);
+    return answer;
+  }
+  YesNo answer = YesNo::No;
+};
+
+/// Real files in a folder of their own, whose name is as awkward as users make them.
+struct ListFile : testing::Test {
+  ~ListFile() override { std::filesystem::remove_all(folder); }
+
+  void Write(const std::string& content) const { std::ofstream(file) << content; }
+  std::string Read() const {
+    std::ifstream stream(file);
+    return {std::istreambuf_iterator<char>(stream), {}};
+  }
+  std::string Load(const std::string& name) { return LoadConnectionList(name, table.grid, files); }
+  std::string Save(const std::string& name, ConfirmOverwrite confirm = ConfirmOverwrite::No) {
+    return SaveConnectionList(name, table.grid, confirm, files, boxes);
+  }
+  /// Fills the table.
+  /// @return the list file that it makes.
+  std::string MakeLongList() {
+    table.grid.SetRows(20001);
+    std::string whole = kMagic;
+    for (int row = 0; row < 20000; ++row) whole += ",,,,\r\n";
+    return whole;
+  }
+
+  std::string pattern = std::filesystem::temp_directory_path() / "lists, \xC3\xBC\xFF XXXXXX";
+  const std::filesystem::path folder = mkdtemp(pattern.data());
+  const std::string file = folder / "my list.kvl";
+  LinuxFileSystem files;
+  Boxes boxes;
+  BareTable table;
+};
+
+TEST_F(ListFile, LoadToTheLetter) {
+  const std::string line = "Mail,192.0.2.1,Unchecked,Enabled,02/08/06";
+  const std::array<std::string, 5> mail{"Mail", "192.0.2.1", "Unchecked", "Enabled", "02/08/06"};
+  const std::string magic = kMagic.substr(0, 26);
+  const struct {
+    std::string content, result;
+    Rows rows;
+  } cases[] = {
+      {"", kReselect, {}},
+      {magic + " \r\nzr_kestrava_connectionlist\r\n" + line, kReselect, {}},
+      {magic, "", {}},
+      {kMagic + line + "\r\n", "", {mail}},
+      {line + "\n\n\r" + magic + "\n" + line + "\r" + kMagic + line, "", {mail, mail}},
+      {kMagic + line + "\r\n\r\n" + line, kTooFew, {mail, {}}},
+      {kMagic + "a,b,c,d\n" + line, kTooFew, {{"a", "b", "c"}}},
+      {kMagic + "a, b,c,d,e,f,,\r\n", "", {{"a", " b", "c", "d", "e,f,,"}}},
+      {kMagic + "<b>\0\xFF\xC3\x1A,\t,,,\"\r\n"s, "", {{"<b>\0\xFF\xC3\x1A"s, "\t", "", "", "\""}}},
+  };
+  MemoryFiles memory;
+  for (const auto& [content, result, rows] : cases) {
+    SCOPED_TRACE(testing::PrintToString(content));
+    Write(memory.files["list"] = content);
+    EXPECT_EQ(Load(file), result);
+    EXPECT_EQ(table.Connections(), rows);
+    for (memory.chunk = 1; memory.chunk < 4; ++memory.chunk) {
+      EXPECT_EQ(LoadConnectionList("list", table.grid, memory), result);
+      EXPECT_EQ(table.Connections(), rows) << "read in pieces of " << memory.chunk;
+    }
+  }
+}
+
+TEST_F(ListFile, SaveAsksBeforeItReplaces) {
+  Write("precious");
+  std::filesystem::permissions(file, std::filesystem::perms::owner_read);
+  EXPECT_EQ(Save(file), "") << "an empty table touches no file";
+  AppendConnectionRow(table.grid);
+  EXPECT_EQ(Save(file, ConfirmOverwrite::Yes), kReselect);
+  EXPECT_EQ(Read(), "precious");
+  boxes.answer = YesNo::Yes;
+  EXPECT_EQ(Save(file, ConfirmOverwrite::Yes), "");
+  EXPECT_EQ(Read(), kMagic + ",,,,\r\n");
+  EXPECT_EQ(Save(file), "");
+  EXPECT_EQ(Save(folder / "new", ConfirmOverwrite::Yes), "");
+  EXPECT_EQ(boxes.questions, std::vector(2,
+                                         "Overwrite File ?: Are you sure you want to "
+                                         "overwrite the existing file ?"s));
+}
+
+TEST_F(ListFile, WhatIsSavedIsLoaded) {
+  std::mt19937 random(3);
+  MemoryFiles memory;
+  for (int round = 0; round < 3000; ++round) {
+    Rows rows(1 + random() % 5);
+    for (auto& row : rows) {
+      for (std::string& text : row) {
+        while (random() % 5 != 0) text += static_cast<char>(random());
+        std::erase_if(
+            text, [&](char c) { return c == '\r' || c == '\n' || (c == ',' && &text != &row[4]); });
+      }
+    }
+    BareTable saved(rows);
+    SaveConnectionList("list", saved.grid, ConfirmOverwrite::No, memory, boxes);
+    memory.chunk = 1 + random() % 50;
+    EXPECT_EQ(LoadConnectionList("list", table.grid, memory), "");
+    EXPECT_EQ(table.Connections(), rows);
+  }
+}
+
+TEST_F(ListFile, WhatCannotBeWrittenOrReadIsTold) {
+  const std::string pipe = folder / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  std::filesystem::permissions(pipe, std::filesystem::perms(0666));
+  Write("precious");
+  std::filesystem::permissions(file, std::filesystem::perms(0444));
+  std::filesystem::permissions(folder, std::filesystem::perms(0555));
+  constexpr uid_t kNobody = 65534;
+  const uid_t user = geteuid();
+  if (user == 0 && seteuid(kNobody) != 0) GTEST_SKIP() << "there is no other user to be";
+  const auto unsupported = SystemError(EOPNOTSUPP);
+  const std::tuple<std::string, std::string, std::string> cases[] = {
+      {file, SystemError(EACCES), kReselect},
+      {folder / "new", SystemError(EACCES), SystemError(ENOENT)},
+      {folder / "no" / "list", SystemError(ENOENT), SystemError(ENOENT)},
+      {folder, SystemError(EISDIR), SystemError(EISDIR)},
+      {pipe, SystemError(ENXIO), unsupported},
+      {"/dev/zero", unsupported, unsupported}};
+  for (const auto& [name, saveError, loadError] : cases) {
+    AppendConnectionRow(table.grid);
+    EXPECT_EQ(Save(name), saveError) << name;
+    EXPECT_EQ(Load(name), loadError) << name;
+    EXPECT_EQ(table.grid.Rows(), 1) << "the table is emptied before the file is opened";
+  }
+  EXPECT_EQ(Read(), "precious");
+  EXPECT_EQ(seteuid(user), 0);
+  std::filesystem::permissions(folder, std::filesystem::perms(0755));
+}
+
+TEST_F(ListFile, AHugeOneTakesLittleMemory) {
+  constexpr std::uintmax_t kGigabyte = 1 << 30;
+  rusage before{}, after{};
+  getrusage(RUSAGE_SELF, &before);
+  for (const std::string& start : {std::string("x"), kMagic}) {
+    Write(start);
+    std::filesystem::resize_file(file, kGigabyte);
+    EXPECT_EQ(Load(file), start == kMagic ? "6 - a line of the list is too long" : kReselect);
+  }
+  getrusage(RUSAGE_SELF, &after);
+  EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 512 * 1024) << "KiB";
+}
+
+TEST_F(ListFile, AFullDiskKeepsTheHead) {
+  constexpr int kNoDisk = 77;
+  const std::string whole = MakeLongList();
+  const pid_t child = fork();
+  if (child == 0) {
+    if (!Unshare(CLONE_NEWNS) || mount("", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+        mount("none", folder.c_str(), "tmpfs", 0, "size=64k") != 0) {
+      _exit(kNoDisk);
+    }
+    const bool failed = Save(file) == SystemError(ENOSPC);
+    _exit(failed && !Read().empty() && whole.starts_with(Read()) ? 0 : 1);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  if (WEXITSTATUS(status) == kNoDisk) GTEST_SKIP() << "no mount namespace can be made here";
+  EXPECT_EQ(status, 0);
+}
+
+TEST_F(ListFile, AKilledSaveLeavesTheOldListOrAHead) {
+  const std::string whole = MakeLongList();
+  const std::string old = kMagic + "a,b,c,d,e\r\n";
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(Save(file), "");
+  const auto duration = std::chrono::steady_clock::now() - start;
+  std::mt19937 random(5);
+  for (int round = 0; round < 50; ++round) {
+    Write(old);
+    const pid_t child = fork();
+    if (child == 0) _exit(Save(file).empty() ? 0 : 1);
+    std::this_thread::sleep_for(duration * (random() % 100) / 100);
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+    const std::string left = Read();
+    EXPECT_TRUE(left == old || whole.starts_with(left)) << left.size();
+    BareTable loaded;
+    LoadConnectionList(file, loaded.grid, files);
+    EXPECT_LE(loaded.grid.Rows(), 20001);
+  }
+}
+
+}  // namespace
+}  // namespace kestrava::test
