@@ -6,14 +6,18 @@
 
 namespace kestrava {
 
-int LinuxSockets::WSAStartup(std::uint16_t, WSADATA& data) {
-  constexpr std::uint16_t kVersion = 0x0101;
+LinuxSockets::LinuxSockets() {
   constexpr rlim_t kMost = std::numeric_limits<std::int16_t>::max();
   rlimit files{};
   getrlimit(RLIMIT_NOFILE, &files);
+  mostSockets_ = static_cast<std::int16_t>(std::min(files.rlim_cur, kMost));
+}
+
+int LinuxSockets::WSAStartup(std::uint16_t, WSADATA& data) {
+  constexpr std::uint16_t kVersion = 0x0101;
   data.wVersion = kVersion;
   data.wHighVersion = kVersion;
-  data.iMaxSockets = static_cast<std::int16_t>(std::min(files.rlim_cur, kMost));
+  data.iMaxSockets = mostSockets_;
   ++starts_;
   return 0;
 }

@@ -8,10 +8,13 @@ namespace kestrava {
 /// with as many sockets as the program may open files, and only an end without a start fails.
 class LinuxSockets final : public WindowsSockets {
  public:
+  LinuxSockets();
+
   int WSAStartup(std::uint16_t version, WSADATA& data) override;
   int WSACleanup() override;
 
  private:
+  std::int16_t mostSockets_;
   int starts_ = 0;
 };
 

@@ -59,7 +59,12 @@ void GridModel::CatchUp() {
   const bool headingChanged = firstChanged_ == 0;
   const int first = std::max(std::exchange(firstChanged_, kNothingFirst) - 1, 0);
   const int last = std::min(std::exchange(lastChanged_, kNothingLast), rows_) - 1;
-  if (first <= last && columns_ > 0) emit dataChanged(index(first, 0), index(last, columns_ - 1));
+  if (first <= last && columns_ > 0) {
+    // The lamp follows a change of whichever cell of its row.
+    const int firstColumn =
+        std::clamp(std::exchange(firstColumnChanged_, kNothingFirst) - 1, 0, columns_ - 1);
+    emit dataChanged(index(first, firstColumn), index(last, columns_ - 1));
+  }
   if (headingChanged && columns_ > 0) emit headerDataChanged(Qt::Horizontal, 0, columns_ - 1);
   if (shapeChanged) emit ShapeCaughtUp();
 }
@@ -100,10 +105,14 @@ void GridModel::timerEvent(QTimerEvent* event) {
   if (event->timerId() == frame_.timerId()) CatchUp();
 }
 
-void GridModel::CellChanged(std::int32_t row, std::int32_t) { NoteRows(row, row); }
+void GridModel::CellChanged(std::int32_t row, std::int32_t column) {
+  if (column > 0) firstColumnChanged_ = std::min(firstColumnChanged_, column);
+  NoteRows(row, row);
+}
 
 void GridModel::ShapeChanged() {
   shapeChanged_ = true;
+  firstColumnChanged_ = 0;
   NoteRows(0, std::numeric_limits<std::int32_t>::max());
 }
 

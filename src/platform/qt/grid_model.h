@@ -58,6 +58,7 @@ class GridModel final : public QAbstractTableModel, private GridObserver {
   bool shapeChanged_ = false;
   std::int32_t firstChanged_;
   std::int32_t lastChanged_;
+  std::int32_t firstColumnChanged_ = 0;
 };
 
 }  // namespace kestrava
