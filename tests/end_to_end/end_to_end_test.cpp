@@ -45,7 +45,7 @@ TEST_F(EndToEnd, EveryKindOfMachineShowsItsOutcome) {
   Program program;
   const std::pair<const char*, const char*> rows[] = {
       {kAnsweringHost, "Online (Ping Response)"},  {kPeer, "Online (RDP Response)"},
-      {kSilent, "Offline (No Response)"},          {kUnreachable, "Offline (No Response)"},
+      {kSilentHost, "Offline (No Response)"},      {kUnreachable, "Offline (No Response)"},
       {"0.0.0.0", "Offline (ip bad destination)"}, {"1..2.3", "Offline ()"}};
   for (const auto& [address, status] : rows) program.Add(address);
   const auto check = [&] {

@@ -109,7 +109,7 @@ class EchoRoad : public NetworkTest, public testing::WithParamInterface<Road> {
 
 TEST_P(EchoRoad, EachMachineGivesItsStatus) {
   const std::vector<std::tuple<const char*, int, bool>> table = {
-      {kAnsweringHost, 0, true},         {kPeer, 11010, true},        {kSilent, 11010, true},
+      {kAnsweringHost, 0, true},         {kPeer, 11010, true},        {kSilentHost, 11010, true},
       {kUnreachable, 11003, true},       {kFarAway, 11013, true},     {kNoHost, 11003, false},
       {kNoNetwork, 11002, false},        {kBroadcast, 11018, false},  {"0.0.0.0", 11018, false},
       {"255.255.255.255", 11018, false}, {"224.0.0.1", 11018, false}, {kAnsweringHost, 0, true}};

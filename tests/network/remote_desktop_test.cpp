@@ -58,13 +58,13 @@ TEST_F(RemoteDesktopPeers, EachHasItsOutcomeInBoundedTime) {
       control.Disconnect();
     }
     const TestServer server({1, kConfirm, Manner::Stays});
-    control.SetServer(kSilent);
+    control.SetServer(kSilentHost);
     control.Connect();
     EXPECT_EQ(Attempt(control, kPeer), 1) << "in place of the attempt before";
     control.Disconnect();
     EXPECT_EQ(control.Connected(), 0);
   }
-  for (const char* server : {kPeer, kSilent, kNoNetwork, kBroadcast}) {
+  for (const char* server : {kPeer, kSilentHost, kNoNetwork, kBroadcast}) {
     EXPECT_EQ(Attempt(control, server), 0) << server;
   }
   for (const char* server : {"server", "1.2.3.256", "0.0.0.0", "255.255.255.255", "224.0.0.1"}) {

@@ -10,8 +10,8 @@ namespace kestrava::test {
 
 /// The machines of the test's own network. All of 127.0.0.0/8 answers echoes.
 inline constexpr char kAnsweringHost[] = "127.0.0.9";
-inline constexpr char kPeer[] = "10.66.1.2";    ///< answers no echo; what runs `OnPeer`, serves
-inline constexpr char kSilent[] = "10.66.2.1";  ///< a black hole
+inline constexpr char kPeer[] = "10.66.1.2";        ///< answers no echo; what runs `OnPeer`, serves
+inline constexpr char kSilentHost[] = "10.66.2.1";  ///< a black hole
 inline constexpr char kUnreachable[] = "10.66.3.1";  ///< a router says: host unreachable
 inline constexpr char kFarAway[] = "10.66.5.1";      ///< a router says: time to live exceeded
 inline constexpr char kNoHost[] = "10.66.9.1";       ///< this system says: no route to host
