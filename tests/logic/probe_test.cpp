@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "probes/echo_status_text.h"
 #include "support/memory_desktop.h"
 
 namespace kestrava::test {
@@ -14,15 +13,15 @@ struct Probing {
   modPing ping{network, network, desktop};
   ConnectionProbe probe{ping, network, desktop};
 
-  std::string Check(const Machine& machine, const std::string& address = kHost) {
-    network.At(address) = machine;
-    return probe.CheckServerConnection(address);
+  std::string Check(const Machine& machine) {
+    network.At(kHost) = machine;
+    return probe.CheckServerConnection(kHost);
   }
 };
 
-struct ProbeFixture : testing::Test, Probing {};
+struct Probe : testing::Test, Probing {};
 
-TEST(Probe, AnswersByTheRecordAlone) {
+TEST_F(Probe, AnswersByTheRecordAlone) {
   const struct {
     Machine machine;
     const char* answer;
@@ -30,36 +29,32 @@ TEST(Probe, AnswersByTheRecordAlone) {
   } cases[] = {
       {{.dataSize = 9, .roundTripTime = 12, .status = 0}, "9", 0},
       {{.dataSize = 1, .roundTripTime = 10000, .status = 11010}, "1", 0},
-      {{.dataSize = 0, .roundTripTime = 0, .status = 0}, "0", 0},
       {{.dataSize = 0, .roundTripTime = 9999}, "9999", 0},
-      {{.dataSize = 0, .roundTripTime = 3389}, "3389", 0},
       {{.dataSize = -5, .roundTripTime = -7}, "-7", 0},
       {{.roundTripTime = 10000}, "No Response", 1},
-      {{.connectsAfter = 3}, "3389", 1},
       {{.connectsAfter = 150000}, "3389", 1},
       {{.connectsAfter = 150001}, "No Response", 1},
       {{.status = 11003, .connectError = 5}, "ip dest host unreachable", 1},
       {{.status = 7, .connectError = 5}, "unknown  msg returned", 1},
       {{.connectsAfter = 2, .dropsBefore = 1}, "3389", 2},
       {{.connectsAfter = 2, .dropsBefore = 2}, "ip req timed out", 2},
-      {{.connectError = kErrorPeerDropped}, "ip req timed out", 2},
   };
   for (const auto& [machine, answer, attempts] : cases) {
     SCOPED_TRACE(answer);
-    Probing probing;
-    EXPECT_EQ(probing.Check(machine), answer);
-    EXPECT_EQ(probing.network.attempts, std::vector<std::string>(attempts, kHost));
+    Probing fresh;
+    EXPECT_EQ(fresh.Check(machine), answer);
+    EXPECT_EQ(fresh.network.attempts, Texts(attempts, kHost));
   }
 }
 
-TEST_F(ProbeFixture, BothWaitsShareOneCount) {
+TEST_F(Probe, BothWaitsShareOneCount) {
   EXPECT_EQ(Check({.connectsAfter = 1000, .lingers = true}), "3389");
   // One turn of the wait for an earlier connection, and one that finds the new one standing.
   EXPECT_EQ(desktop.turns, 150000 + 2);
   EXPECT_EQ(network.disconnects, 1);
 }
 
-TEST_F(ProbeFixture, DropsAnEarlierConnectionHoweverLongThatTakes) {
+TEST_F(Probe, DropsAnEarlierConnectionHoweverLongThatTakes) {
   network.At("1.1.1.1") = {.connectsAfter = 1};
   network.SetServer("1.1.1.1");
   network.Connect();
@@ -69,7 +64,7 @@ TEST_F(ProbeFixture, DropsAnEarlierConnectionHoweverLongThatTakes) {
   EXPECT_EQ(network.disconnects, 2);
 }
 
-TEST_F(ProbeFixture, LeavesEveryWaitWhenTheProgramEnds) {
+TEST_F(Probe, LeavesEveryWaitWhenTheProgramEnds) {
   for (const int endTurn : {1, 2, 500}) {
     desktop.ended = false;
     desktop.turns = 0;
@@ -79,39 +74,30 @@ TEST_F(ProbeFixture, LeavesEveryWaitWhenTheProgramEnds) {
   }
 }
 
-TEST_F(ProbeFixture, SendsOneEchoBetweenTheLayersStartAndItsEnd) {
+TEST_F(Probe, SendsOneEchoBetweenTheLayersStartAndItsEnd) {
   EXPECT_EQ(Check(kAnswering), "9");
-  const std::vector<std::string> calls = {"start 257", "create", "echo Echo This 200 278",
-                                          "close 77", "cleanup"};
-  EXPECT_EQ(network.calls, calls);
-  EXPECT_TRUE(desktop.boxes.empty());
+  EXPECT_EQ(network.calls,
+            (Texts{"start 257", "create", "echo Echo This 200 278", "close 77", "cleanup"}));
   EchoReply reply{};
   EXPECT_EQ(ping.SendEchoRequest(kHost, reply), 1);
   EXPECT_EQ(ping.SendEchoRequest("1.2.3.4", reply), -11010);
 }
 
-TEST_F(ProbeFixture, ReadsAddressesAsTheirTextSays) {
+TEST_F(Probe, ReadsAddressesAsTheirTextSays) {
   const std::pair<const char*, std::int32_t> good[] = {
       {"1.2.3.4", 67305985},
-      {"192.168.1.10", 167880896},
-      {"10.0.0.200", -939524086},
       {"192.168.1.300", 738306240},
-      {"5.6.7.8", 0x08070605},
-      {"-1.0.0.1", 0x010000FF},
       {" 1 .+2. 3.4 ", 67305985},
       {"server", 0},
       {"1.2.3", 0},
-      {"", 0},
       {"2147483647.0.0.-1", -16776961},
   };
   for (const auto& [text, value] : good) EXPECT_EQ(DottedAddressToLong(text), value) << text;
 
   const std::pair<const char*, int> bad[] = {
-      {"1.2.3.4.5", kErrorIndexOutOfRange},   {"1.2.3.4.5.6", kErrorIndexOutOfRange},
-      {"1..2.3", kErrorTypeMismatch},         {"1.2.3.", kErrorTypeMismatch},
-      {"a.b.c.d", kErrorTypeMismatch},        {"1.2.3.4x", kErrorTypeMismatch},
-      {"1.2.\xC3\xA4.4", kErrorTypeMismatch}, {"+-1.2.3.4", kErrorTypeMismatch},
-      {"99999999999.1.1.1", kErrorOverflow},  {"1.1.1.-2147483649", kErrorOverflow},
+      {"1.2.3.4.5", kErrorIndexOutOfRange}, {"1..2.3", kErrorTypeMismatch},
+      {"a.b.c.d", kErrorTypeMismatch},      {"1.2.3.4x", kErrorTypeMismatch},
+      {"+-1.2.3.4", kErrorTypeMismatch},    {"1.1.1.-2147483649", kErrorOverflow},
   };
   for (const auto& [text, number] : bad) {
     try {
@@ -125,71 +111,30 @@ TEST_F(ProbeFixture, ReadsAddressesAsTheirTextSays) {
   EXPECT_TRUE(network.calls.empty()) << "a bad address leaves the socket layer untouched";
 }
 
-TEST_F(ProbeFixture, ComplainsOfTheSocketLayerAndSendsTheEchoAllTheSame) {
+TEST_F(Probe, ComplainsOfTheSocketLayerAndSendsTheEchoAllTheSame) {
+  const std::string layer = "Windows Sockets for 32 bit Windows environments";
   const struct {
     int startResult;
     std::uint16_t version;
     std::int16_t maxSockets;
     int cleanupResult;
-    std::vector<std::pair<std::string, MessageIcon>> boxes;
+    std::string message;
+    MessageIcon icon = MessageIcon::Exclamation;
   } cases[] = {
-      {1,
-       0,
-       0,
-       -1,
-       {{"Windows Sockets for 32 bit Windows environments is not successfully responding.",
-         MessageIcon::None},
-        {"Windows Sockets error -1 occurred in Cleanup.", MessageIcon::Exclamation}}},
-      {0,
-       1,
-       0,
-       0,
-       {{"Windows Sockets Version 1.0 is not supported by Windows Sockets for 32 bit Windows "
-         "environments.",
-         MessageIcon::Exclamation}}},
-      {0,
-       2,
-       0,
-       0,
-       {{"This application requires a minimum of 1 supported sockets.", MessageIcon::Exclamation}}},
-      {0,
-       0x101,
-       -1,
-       0,
-       {{"This application requires a minimum of 1 supported sockets.", MessageIcon::Exclamation}}},
+      {1, 0, 0, 0, layer + " is not successfully responding.", MessageIcon::None},
+      {0, 1, 0, 0, "Windows Sockets Version 1.0 is not supported by " + layer + "."},
+      {0, 0xFF01, 0, 0, "Windows Sockets Version 1.0 is not supported by " + layer + "."},
+      {0, 2, 0, 0, "This application requires a minimum of 1 supported sockets."},
+      {0, 2, 1, -1, "Windows Sockets error -1 occurred in Cleanup."},
   };
-  for (const auto& [startResult, version, maxSockets, cleanupResult, boxes] : cases) {
+  for (const auto& expected : cases) {
     desktop.boxes.clear();
-    network.startResult = startResult;
-    network.socketVersion = version;
-    network.maxSockets = maxSockets;
-    network.cleanupResult = cleanupResult;
+    network.startResult = expected.startResult;
+    network.socketVersion = expected.version;
+    network.maxSockets = expected.maxSockets;
+    network.cleanupResult = expected.cleanupResult;
     EXPECT_EQ(Check(kAnswering), "9");
-    EXPECT_EQ(desktop.boxes, boxes);
-  }
-}
-
-TEST(EchoStatusText, PutsTheNumberInFrontOfTheWords) {
-  const std::pair<std::int32_t, const char*> cases[] = {
-      {0, "0   [ ip success ]"},
-      {200, "200   [ ping timeout ]"},
-      {11010, "11010   [ ip req timed out ]"},
-      {11255, "11255   [ ip pending ]"},
-      {-1, "-1   [ unknown  msg returned ]"},
-      {11024, "11024   [ unknown  msg returned ]"},
-      {11051, "11051   [ unknown  msg returned ]"},
-  };
-  for (const auto& [code, text] : cases) EXPECT_EQ(EchoStatusText(code), text);
-}
-
-TEST(WordBytes, TruncateTowardZero) {
-  const struct {
-    std::int16_t word;
-    int high, low;
-  } cases[] = {{257, 1, 1}, {2, 0, 2}, {-1, 0, 255}, {-256, 255, 0}, {-257, 255, 255}, {512, 2, 0}};
-  for (const auto& [word, high, low] : cases) {
-    EXPECT_EQ(WordHighByte(word), high) << word;
-    EXPECT_EQ(WordLowByte(word), low) << word;
+    EXPECT_EQ(desktop.boxes, std::vector{std::pair(expected.message, expected.icon)});
   }
 }
 

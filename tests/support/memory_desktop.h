@@ -36,6 +36,17 @@ namespace kestrava::test {
 /// What the user does in one turn of the event loop, or in a modal wait.
 using Act = std::function<void()>;
 
+using Texts = std::vector<std::string>;
+
+/// Takes the first of what is to come; a plain `Item` if nothing is left.
+template <typename Item>
+Item Next(std::deque<Item>& items) {
+  if (items.empty()) return {};
+  Item item = std::move(items.front());
+  items.pop_front();
+  return item;
+}
+
 /// Windows, message boxes and the event loop without a screen. A scripted user acts in the turns.
 class MemoryDesktop : public WindowSystem,
                       public EventLoop,
@@ -49,11 +60,7 @@ class MemoryDesktop : public WindowSystem,
   void Show(Form& form) override { form.SetVisible(true); }
   void ShowModal(Form& form) override {
     form.SetVisible(true);
-    if (!dialogs.empty()) {
-      const auto act = std::move(dialogs.front());
-      dialogs.pop_front();
-      act(form);
-    }
+    if (const auto act = Next(dialogs)) act(form);
     form.SetVisible(false);
   }
   void Unload(Form& form) override {
@@ -75,26 +82,19 @@ class MemoryDesktop : public WindowSystem,
   }
 
   void MsgBox(const std::string& text, MessageIcon icon) override { boxes.push_back({text, icon}); }
-  YesNo AskYesNo(const std::string& text, const std::string& title) override {
-    questions.push_back(title + ": " + text);
-    return answer;
-  }
-
+  YesNo AskYesNo(const std::string&, const std::string&) override { return YesNo::Yes; }
   std::string InputBox(const std::string& prompt, const std::string& title,
                        const std::string& text) override {
     questions.push_back(title + ": " + prompt + ": " + text);
-    if (prompts.empty()) return {};
-    const auto act = std::move(prompts.front());
-    prompts.pop_front();
-    return act();
+    const auto act = Next(prompts);
+    return act ? act() : "";
   }
 
   std::set<Form*> loaded;
   std::deque<std::function<void(Form&)>> dialogs;  ///< what the user does in each dialog to come
   std::vector<std::pair<std::string, MessageIcon>> boxes;
   std::deque<std::function<std::string()>> prompts;  ///< the user's answers to come
-  std::vector<std::string> questions;
-  YesNo answer = YesNo::Yes;
+  Texts questions;                                   ///< of the prompts
   Act onTurn;
   long turns = 0;
   bool ended = false;
@@ -112,19 +112,18 @@ struct Machine {
 };
 
 inline constexpr Machine kAnswering{.dataSize = 9, .roundTripTime = 1, .status = 0};
-inline constexpr Machine kSilent{};
 
 /// A scripted network: the echo service, the socket layer and the Remote Desktop control.
 class MemoryNetwork : public IcmpService, public WindowsSockets, public MsRdpClient2 {
  public:
   explicit MemoryNetwork(const MemoryDesktop& desktop) : desktop_(desktop) {}
 
-  IcmpHandle IcmpCreateFile() override { return Log("create"), 77; }
+  IcmpHandle IcmpCreateFile() override { return calls.push_back("create"), 77; }
   std::uint32_t IcmpSendEcho(IcmpHandle, std::int32_t address, std::string_view data,
                              const IpOptionInformation* options, EchoReply& reply,
                              std::uint32_t replySize, std::uint32_t timeout) override {
-    Log("echo " + std::string(data) + " " + std::to_string(timeout) + " " +
-        std::to_string(replySize) + (options ? " options" : ""));
+    calls.push_back("echo " + std::string(data) + " " + std::to_string(timeout) + " " +
+                    std::to_string(replySize) + (options ? " options" : ""));
     if (onEcho) onEcho();
     const Machine& machine = At(AddressText(address));
     reply.DataSize = machine.dataSize;
@@ -133,21 +132,19 @@ class MemoryNetwork : public IcmpService, public WindowsSockets, public MsRdpCli
     return machine.dataSize > 0 ? 1 : 0;
   }
   bool IcmpCloseHandle(IcmpHandle handle) override {
-    Log("close " + std::to_string(handle));
-    return true;
+    return calls.push_back("close " + std::to_string(handle)), true;
   }
 
   int WSAStartup(std::uint16_t version, WSADATA& data) override {
-    Log("start " + std::to_string(version));
+    calls.push_back("start " + std::to_string(version));
     data.wVersion = socketVersion;
     data.iMaxSockets = maxSockets;
     return startResult;
   }
-  int WSACleanup() override { return Log("cleanup"), cleanupResult; }
+  int WSACleanup() override { return calls.push_back("cleanup"), cleanupResult; }
 
   std::int16_t Connected() override {
-    if (dropPending_) {
-      dropPending_ = false;
+    if (std::exchange(dropPending_, false)) {
       state_ = 0;
       throw RuntimeError(kErrorPeerDropped, "the peer dropped the connection");
     }
@@ -165,16 +162,13 @@ class MemoryNetwork : public IcmpService, public WindowsSockets, public MsRdpCli
     lingers_ = machine.lingers;
     connectTurn_ = desktop_.turns + machine.connectsAfter;
   }
-  void Disconnect() override {
-    ++disconnects;
-    state_ = 3;
-  }
+  void Disconnect() override { ++disconnects, state_ = 3; }
 
   Machine& At(const std::string& address) { return machines[address]; }
 
   std::map<std::string, Machine> machines;  ///< by dotted address; one not named here is silent
-  std::vector<std::string> calls;           ///< of the echo service and the socket layer, in order
-  std::vector<std::string> attempts;        ///< servers that `Connect` was asked for
+  Texts calls;                              ///< of the echo service and the socket layer, in order
+  Texts attempts;                           ///< servers that `Connect` was asked for
   int disconnects = 0;
   Act onEcho;
   std::uint16_t socketVersion = 0x101;
@@ -183,19 +177,13 @@ class MemoryNetwork : public IcmpService, public WindowsSockets, public MsRdpCli
   int cleanupResult = 0;
 
   static std::string AddressText(std::int32_t address) {
-    std::string text;
-    for (int part = 0; part < 4; ++part) {
-      text += (part ? "." : "") +
-              std::to_string(static_cast<std::uint32_t>(address) >> (8 * part) & 0xFF);
-    }
-    return text;
+    const auto part = [bits = static_cast<std::uint32_t>(address)](int shift) {
+      return std::to_string(bits >> shift & 0xFF);
+    };
+    return part(0) + "." + part(8) + "." + part(16) + "." + part(24);
   }
 
  private:
-  void Log(std::string call) {
-    if (calls.size() < 100) calls.push_back(std::move(call));
-  }
-
   const MemoryDesktop& desktop_;
   std::string server_;
   std::int16_t state_ = 0;  // 3 stands for a connection that is being dropped
@@ -229,7 +217,7 @@ class MemorySettings : public SettingsStore {
   }
 
   std::map<std::string, std::string> values;
-  std::vector<std::string> writes;
+  Texts writes;
 };
 
 /// A notification area that keeps what it was told, the shell's version, and the window's messages.
@@ -238,6 +226,7 @@ class MemoryShell : public NotificationArea, public VersionInfo, public WindowMe
   static constexpr std::int32_t kWindow = 4711;
   static constexpr std::int32_t kIcon = 4712;
   static constexpr std::int32_t kFirstProcedure = 100;
+  static constexpr std::int32_t kHook = 101;
 
   std::int32_t Shell_NotifyIconA(std::int32_t message, const NOTIFYICONDATA& record) override {
     told.emplace_back(message, record);
@@ -260,14 +249,11 @@ class MemoryShell : public NotificationArea, public VersionInfo, public WindowMe
 
   std::int32_t WindowHandle(const Form&) const override { return kWindow; }
   std::int32_t IconHandle(const Form&) const override { return kIcon; }
-  std::int32_t AddressOf(WindowProc procedure) override {
-    procedures.push_back(std::move(procedure));
-    return kFirstProcedure + static_cast<std::int32_t>(procedures.size());
-  }
+  std::int32_t AddressOf(WindowProc hook) override { return procedure = std::move(hook), kHook; }
   std::int32_t SetWindowLongA(std::int32_t hWnd, int index, std::int32_t address) override {
     if (hWnd != kWindow || index != GWL_WNDPROC) return 0;
     calls.push_back("proc " + std::to_string(address));
-    return std::exchange(current, address);
+    return kFirstProcedure;
   }
   std::int32_t CallWindowProcA(std::int32_t address, std::int32_t hWnd, std::int32_t uMsg,
                                std::int32_t wParam, std::int32_t lParam) override {
@@ -280,16 +266,10 @@ class MemoryShell : public NotificationArea, public VersionInfo, public WindowMe
     calls.push_back(std::string("popup ") + menu.Spec().name + " " + defaultEntry.Spec().name);
     if (onPopup) onPopup();
   }
-  /// Sends the window a message, as the desktop does.
-  std::int32_t Send(std::int32_t hWnd, std::int32_t uMsg, std::int32_t lParam) {
-    return procedures.at(0)(hWnd, uMsg, 0, lParam);
-  }
-
   std::vector<std::pair<std::int32_t, NOTIFYICONDATA>> told;
-  std::vector<std::string> calls;
-  std::vector<WindowProc> procedures;
+  Texts calls;
+  WindowProc procedure;  ///< what answers the desktop's messages to the window
   Act onPopup;
-  std::int32_t current = kFirstProcedure;  ///< address of the window's procedure
   std::int32_t addResult = 1;
   std::int32_t versionSize = 52;
   std::int32_t queryResult = 1;
@@ -305,7 +285,6 @@ class MemoryRegistry : public Registry, public Processes {
     std::int32_t type;
     std::string data;
   };
-
   std::int32_t RegOpenKeyExA(std::int32_t key, const std::string& name, std::int32_t,
                              std::int32_t access, std::int32_t& opened) override {
     const bool known = key == HKEY_CLASSES_ROOT && name == "http\\shell\\open\\command";
@@ -338,7 +317,7 @@ class MemoryRegistry : public Registry, public Processes {
   std::vector<Value> values;
   int openKeys = 0;
   bool starts = true;
-  std::vector<std::string> started;
+  Texts started;
 };
 
 /// The real main window on the in-memory desktop.
@@ -380,12 +359,18 @@ struct Scenario {
   }
 
   std::string Cell(int row, int col) const { return window.grdServers.TextAt(row, col); }
+  int Rows() const { return window.grdServers.Rows(); }
   Color Lamp(int row) const { return window.grdServers.BackColorAt(row, 0); }
+
+  /// What the user does in the dialog that opens next.
+  template <typename Dialog>
+  void InNext(std::function<void(Dialog&)> act) {
+    desktop.dialogs.push_back([=](Form& form) { act(dynamic_cast<Dialog&>(form)); });
+  }
 
   /// Adds a row through the add dialog, as a user does.
   void Add(const std::string& name, const std::string& address) {
-    desktop.dialogs.push_back([=](Form& form) {
-      auto& dialog = dynamic_cast<frmNewConn&>(form);
+    InNext<frmNewConn>([=](frmNewConn& dialog) {
       dialog.txtName.SetText(name);
       dialog.txtAddress.SetText(address);
       dialog.cmdSave.Press();
