@@ -13,7 +13,7 @@ namespace {
 /// "Description (*.x)|*.x" in the words of Qt: "Description (*.x)".
 QString NameFilter(const std::string& filter) {
   const std::size_t bar = filter.find('|');
-  const QString description = ToShown(filter.substr(0, bar));
+  QString description = ToShown(filter.substr(0, bar));
   if (bar == std::string::npos || description.endsWith(')')) return description;
   return description + QStringLiteral(" (%1)").arg(ToShown(filter.substr(bar + 1)));
 }

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QCursor>
+#include <QTimer>
 #include <algorithm>
 #include <utility>
 
@@ -78,7 +79,7 @@ void QtWindowMessages::Post(std::int32_t hWnd, std::int32_t uMsg, std::int32_t w
     if (found == addresses_.end() || !WindowOf(hWnd)) return;
     CallWindowProcA(found->second, hWnd, uMsg, wParam, lParam);
   };
-  QMetaObject::invokeMethod(&receiver_, send, Qt::QueuedConnection);
+  QTimer::singleShot(0, &receiver_, send);
 }
 
 QWidget* QtWindowMessages::WindowOf(std::int32_t hWnd) const {
