@@ -2,53 +2,48 @@
 
 #include "desktop/user.h"
 #include "monitor/connection_table.h"
-#include "platform/linux/linux_file_system.h"
 #include "platform/qt/grid_view.h"
-#include "platform/qt/qt_common_dialog.h"
-#include "platform/qt/qt_message_boxes.h"
-#include "platform/qt/qt_prompt_boxes.h"
-#include "platform/qt/qt_window_system.h"
+#include "platform/qt/linux_desktop.h"
 #include "support/memory_desktop.h"
 
 namespace kestrava::test {
 
-/// The real main window in real widgets, with a made-up network.
+/// The real main window on the real desktop, with made-up settings, registry and network.
 struct Desktop {
-  Desktop() {
+  explicit Desktop(const StoredSettings& stored = {}) {
+    settings.values = stored;
     network.At("127.0.0.1") = kAnswering;
-    windows.Load(main);
-    windows.Show(main);
+    system.NotificationArea().ExportMenu(main, main.mnufile, main.mnuFileRestore);
+    real.windows.Load(main);
+    if (!main.State().InTray) real.windows.Show(main);
     window = Widget("frmMain");
     view = window->findChild<GridView*>();
   }
   ~Desktop() {
-    windows.Unload(main);
+    real.windows.Unload(main);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
-  void AddRow(const std::string& name) {
+  void AddRow(const std::string& name, const std::string& address = "127.0.0.1") {
     AppendConnectionRow(grid);
     grid.SetCol(kNameColumn);
     grid.SetText(name);
     grid.SetCol(kAddressColumn);
-    grid.SetText("127.0.0.1");
+    grid.SetText(address);
   }
   /// Lets the view catch up with the grid.
   static void Settle() { QTest::qWait(40); }
 
-  QtEventLoop eventLoop;
-  QtMessageBoxes boxes{eventLoop};
-  QtPromptBoxes prompts{eventLoop};
-  QtCommonDialog dialogs{eventLoop};
-  QtWindowSystem windows{eventLoop};
-  LinuxFileSystem files;
+  LinuxDesktop system;
+  Platform real = system.Services();
   MemoryDesktop unused;
   MemoryNetwork network{unused};
   TestClock clock;
   MemorySettings settings;
-  MemoryShell shell;
   MemoryRegistry registry;
-  frmMain main{Platform{windows, eventLoop, boxes, prompts, dialogs, clock, network, network,
-                        network, settings, files, shell, shell, shell, registry, registry, ""}};
+  frmMain main{Platform{real.windows, real.eventLoop, real.messageBoxes, real.promptBoxes,
+                        real.commonDialog, clock, network, network, network, settings,
+                        real.fileSystem, real.notificationArea, real.versions, real.messages,
+                        registry, registry, ""}};
   MSFlexGrid& grid = main.grdServers;
   QWidget* window;
   GridView* view;

@@ -8,7 +8,7 @@
 #include <deque>
 #include <functional>
 
-/// What the user does in the windows of the program.
+/// What the user sees and does in the windows of the program.
 namespace kestrava::test {
 
 /// The window of this name, or else the widget in the main window.
@@ -18,20 +18,23 @@ inline QWidget* Widget(const QString& name) {
   }
   return name == "frmMain" ? nullptr : Widget("frmMain")->findChild<QWidget*>(name);
 }
+/// The names of the windows that are up.
+inline QStringList VisibleWindows() {
+  QStringList names;
+  for (const QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible()) names.push_back(window->objectName());
+  }
+  return names;
+}
 inline void Click(const QString& button) { QTest::mouseClick(Widget(button), Qt::LeftButton); }
 inline void Pick(const QString& entry) { Widget("frmMain")->findChild<QAction*>(entry)->trigger(); }
-inline void Type(QWidget* dialog, const QString& field, const QString& text) {
-  auto* edit = dialog->findChild<QLineEdit*>(field);
-  edit->setFocus();
-  edit->selectAll();
-  edit->insert(text);
-}
 
-/// What the user does, one after the other, in the dialogs that come up next.
+/// What the user does, one after the other, in the dialogs and menus that come up next.
 using Acts = std::deque<std::function<void(QWidget* dialog)>>;
 inline void InDialogs(Acts acts) {
   QTimer::singleShot(20, [acts = std::move(acts)]() mutable {
-    QWidget* dialog = QApplication::activeModalWidget();
+    QWidget* dialog = QApplication::activePopupWidget();
+    if (!dialog) dialog = QApplication::activeModalWidget();
     if (!dialog) return InDialogs(std::move(acts));
     const auto act = std::move(acts.front());
     acts.pop_front();
@@ -42,8 +45,11 @@ inline void InDialogs(Acts acts) {
 /// Fills a field, the first for no name, and presses Enter.
 inline auto Enter(const QString& text, const QString& field = {}) {
   return [=](QWidget* dialog) {
-    Type(dialog, field, text);
-    QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
+    auto* edit = dialog->findChild<QLineEdit*>(field);
+    edit->setFocus();
+    edit->selectAll();
+    edit->insert(text);
+    QTest::keyClick(edit, Qt::Key_Return);
   };
 }
 inline const auto closeDialog = [](QWidget* dialog) { dialog->close(); };

@@ -1,19 +1,17 @@
 #pragma once
 
+#include <QApplication>
 #include <QDBusConnection>
 #include <QDBusContext>
 #include <QDBusMessage>
 #include <QDebug>
-#include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QThread>
 
 namespace kestrava::test {
 
 /// A program that runs until the test ends.
 struct Program : QProcess {
-  Program() = default;
   Program(const QString& name, const QStringList& options) { start(name, options); }
   ~Program() override {
     kill();
@@ -25,50 +23,43 @@ struct Program : QProcess {
   }
 };
 
-/// A session bus of the test's own. It starts nothing, so that only the test's services are on it.
-struct Bus {
-  Bus() {
-    QFile config(folder.filePath("bus.conf"));
-    if (!config.open(QIODevice::WriteOnly)) return;
-    config.write(R"(<busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen>
-        <policy context="default"><allow send_destination="*"/><allow receive_sender="*"/>
-        <allow own="*"/></policy>
-        </busconfig>)");
-    config.close();
-    daemon.start("dbus-daemon",
-                 {"--nofork", "--print-address", "--config-file=" + config.fileName()});
-    qputenv("DBUS_SESSION_BUS_ADDRESS", daemon.FirstLine());
-  }
-  QTemporaryDir folder;
-  Program daemon;
+/// An X server of the test's own, with nothing on it but the application.
+struct Screen {
+  Program server{"Xvfb", {"-displayfd", "1", "-nolisten", "tcp"}};
+  bool named = qputenv("DISPLAY", ":" + server.FirstLine());
+  int argc = 1;
+  char name[5] = "test";
+  char* argv[2] = {name, nullptr};
+  QApplication application{argc, argv};
 };
 
-/// A notification service, and how it behaves.
+/// A session bus of the test's own. It starts nothing, so that only the test's services are on it.
+struct Bus {
+  Program daemon{"dbus-daemon", {"--nofork", "--print-address", "--config-file=" BUS_CONFIG}};
+  bool named = qputenv("DBUS_SESSION_BUS_ADDRESS", daemon.FirstLine());
+};
+
+/// A notification service.
 class Notifications : public QObject, public QDBusContext {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
 
  public:
-  QStringList capabilities{"actions", "body-markup"};
-  QString silentAt;   ///< the call that it doesn't answer
-  QString shown;      ///< what was asked for last; empty while nothing is up
-  QDBusMessage late;  ///< the call that it has not answered
+  QString silentAt;  ///< the call that it doesn't answer
+  QString shown;     ///< what was asked for last; empty while nothing is up
 
  public slots:
   QStringList GetCapabilities() {
     setDelayedReply(silentAt == "GetCapabilities");
-    return capabilities;
+    return {"actions", "body-markup"};
   }
   uint Notify(const QString&, uint, const QString&, const QString& title, const QString& body,
               const QStringList& actions, const QVariantMap&, int) {
-    late = message();
     setDelayedReply(silentAt == "Notify");
     shown = actions.value(0) + ": " + title + ": " + body;
     return 41;
   }
-  void CloseNotification(uint id) {
-    if (id == 41) shown.clear();
-  }
+  void CloseNotification(uint) { shown.clear(); }
 };
 
 /// A watcher for StatusNotifierItem icons, with a host.
@@ -79,10 +70,10 @@ class Watcher : public QObject {
 
  public:
   bool hasHost = true;
-  QStringList items;  ///< bus names of the icons that registered
+  QString icon;  ///< bus name of the icon that registered
 
  public slots:
-  void RegisterStatusNotifierItem(const QString& item) { items.push_back(item); }
+  void RegisterStatusNotifierItem(const QString& item) { icon = item; }
 };
 
 /// The services of a desktop, which live on a thread and a bus connection of their own.
@@ -95,11 +86,9 @@ struct Services {
     watcher.moveToThread(&thread);
     notifications.moveToThread(&thread);
     thread.start();
-    Look([this] {
-      const auto parts = QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllProperties;
-      bus.registerObject("/StatusNotifierWatcher", &watcher, parts);
-      return bus.registerObject(kNotificationsPath, &notifications, parts);
-    });
+    const auto parts = QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllProperties;
+    bus.registerObject("/StatusNotifierWatcher", &watcher, parts);
+    bus.registerObject(kNotificationsPath, &notifications, parts);
   }
   ~Services() {
     thread.quit();
@@ -114,19 +103,18 @@ struct Services {
         &watcher, [&] { seen = look(); }, Qt::BlockingQueuedConnection);
     return seen;
   }
-  QString Shown() {
-    return Look([this] { return notifications.shown; });
+  bool Shows() {
+    return Look([this] { return !notifications.shown.isEmpty(); });
   }
   void Click() {
-    QDBusMessage click =
-        QDBusMessage::createSignal(kNotificationsPath, kNotifications, "ActionInvoked");
+    auto click = QDBusMessage::createSignal(kNotificationsPath, kNotifications, "ActionInvoked");
     click.setArguments({41U, "default"});
     // Behind the answer to the call that showed it.
     Look([&] { return bus.send(click); });
   }
-  /// Calls a method of the icon that registered last, and gives the answer as text.
+  /// Calls a method of the icon, and gives the answer as text.
   QString Call(const char* path, const char* method, const QVariantList& arguments) {
-    auto call = QDBusMessage::createMethodCall(watcher.items.back(), path, {}, method);
+    auto call = QDBusMessage::createMethodCall(watcher.icon, path, {}, method);
     call.setArguments(arguments);
     QString text;
     // It is this very thread that answers.
