@@ -32,15 +32,6 @@ std::string SystemError(int number) {
   return std::to_string(number) + " - " + std::strerror(number);
 }
 
-/// A user in front of message boxes.
-struct Boxes : MemoryDesktop {
-  YesNo AskYesNo(const std::string& text, const std::string& title) override {
-    questions.push_back(title + ": " + text);
-    return answer;
-  }
-  YesNo answer = YesNo::No;
-};
-
 /// Real files in a folder of their own, whose name is as awkward as users make them.
 struct ListFile : testing::Test {
   ~ListFile() override { std::filesystem::remove_all(folder); }
@@ -51,8 +42,8 @@ struct ListFile : testing::Test {
     return {std::istreambuf_iterator<char>(stream), {}};
   }
   std::string Load(const std::string& name) { return LoadConnectionList(name, table.grid, files); }
-  std::string Save(const std::string& name, ConfirmOverwrite confirm = ConfirmOverwrite::No) {
-    return SaveConnectionList(name, table.grid, confirm, files, boxes);
+  std::string Save(const std::string& name) {
+    return SaveConnectionList(name, table.grid, ConfirmOverwrite::No, files, boxes);
   }
   /// Fills the table.
   /// @return the list file that it makes.
@@ -67,7 +58,7 @@ struct ListFile : testing::Test {
   const std::filesystem::path folder = mkdtemp(pattern.data());
   const std::string file = folder / "my list.kvl";
   LinuxFileSystem files;
-  Boxes boxes;
+  MemoryDesktop boxes;
   BareTable table;
 };
 
@@ -100,23 +91,6 @@ TEST_F(ListFile, LoadToTheLetter) {
       EXPECT_EQ(table.Connections(), rows) << "read in pieces of " << memory.chunk;
     }
   }
-}
-
-TEST_F(ListFile, SaveAsksBeforeItReplaces) {
-  Write("precious");
-  std::filesystem::permissions(file, std::filesystem::perms::owner_read);
-  EXPECT_EQ(Save(file), "") << "an empty table touches no file";
-  AppendConnectionRow(table.grid);
-  EXPECT_EQ(Save(file, ConfirmOverwrite::Yes), kReselect);
-  EXPECT_EQ(Read(), "precious");
-  boxes.answer = YesNo::Yes;
-  EXPECT_EQ(Save(file, ConfirmOverwrite::Yes), "");
-  EXPECT_EQ(Read(), kMagic + ",,,,\r\n");
-  EXPECT_EQ(Save(file), "");
-  EXPECT_EQ(Save(folder / "new", ConfirmOverwrite::Yes), "");
-  EXPECT_EQ(boxes.questions, std::vector(2,
-                                         "Overwrite File ?: Are you sure you want to "
-                                         "overwrite the existing file ?"s));
 }
 
 TEST_F(ListFile, WhatIsSavedIsLoaded) {

@@ -31,14 +31,6 @@ TEST(Settings, AreReadAtTheStartEachInItsOwnWay) {
   }
 }
 
-TEST(Settings, KeepTheLastListFileAndTheMark) {
-  Scenario program(StoredSettings{{"LastListFile", "/tmp/a, b.kvl"}});
-  for (int click = 0; click < 2; ++click) program.window.mnuFileAuto.Click.Raise();
-  program.window.mnuFileExit.Click.Raise();
-  EXPECT_EQ(program.settings.writes,
-            (Texts{"AutoLoadList=1", "AutoLoadList=0", "LastListFile=/tmp/a, b.kvl"}));
-}
-
 TEST(Preferences, ShowWhatIsStoredAndStoreWhatIsShown) {
   Scenario program({{"Startup", "1"}, {"Tips", "yes"}, {"Tray", "1"}});
   program.InNext<frmPreferences>([](frmPreferences& dialog) {

@@ -9,21 +9,6 @@ namespace {
 
 constexpr const char* kNow = "03/09/26 14:00:00";
 
-TEST(Start, ShowsAnEmptyTableInTheMiddleOfTheScreen) {
-  Scenario program;
-  const MSFlexGrid& grid = program.window.grdServers;
-  EXPECT_EQ(grid.Rows(), 1);
-  const char* headings[] = {"", "Connection Name", "Address", "Status", "Checking", "Last Checked"};
-  const int widths[] = {200, 2600, 1500, 2100, 1200, 1800};
-  for (int col = 0; col < 6; ++col) {
-    EXPECT_EQ(program.Cell(0, col), headings[col]);
-    EXPECT_EQ(grid.ColWidth(col), widths[col]);
-  }
-  EXPECT_FALSE(program.window.cmdCheck.Enabled());
-  EXPECT_EQ(program.window.Left(), 15360 / 2 - (11190 + 90) / 2);
-  EXPECT_EQ(program.window.Top(), 11520 / 2 - (5445 + 375) / 2);
-}
-
 TEST(Add, TakesWhatTheDialogTook) {
   Scenario program;
   program.InNext<frmNewConn>([&](frmNewConn& dialog) {

@@ -54,16 +54,6 @@ TEST_F(Probe, BothWaitsShareOneCount) {
   EXPECT_EQ(network.disconnects, 1);
 }
 
-TEST_F(Probe, DropsAnEarlierConnectionHoweverLongThatTakes) {
-  network.At("1.1.1.1") = {.connectsAfter = 1};
-  network.SetServer("1.1.1.1");
-  network.Connect();
-  ++desktop.turns;
-  ASSERT_EQ(network.Connected(), 1);
-  EXPECT_EQ(Check({.connectsAfter = 1}), "3389");
-  EXPECT_EQ(network.disconnects, 2);
-}
-
 TEST_F(Probe, LeavesEveryWaitWhenTheProgramEnds) {
   for (const int endTurn : {1, 2, 500}) {
     desktop.ended = false;

@@ -59,28 +59,6 @@ TEST(NotificationIcon, TellsExactlyTheseRecords) {
   EXPECT_EQ(program.shell.calls, (Texts{"proc 101", "proc 100"}));
 }
 
-TEST(NotificationIcon, WithoutIconHooksNothingAndHasARecordForEachShell) {
-  const struct {
-    std::int16_t major;
-    std::int32_t size, query, bytes;
-    int reads;
-  } cases[] = {{10, 52, 1, 504, 1}, {5, 52, 1, 488, 2}, {4, 52, 1, 88, 2},
-               {-1, 52, 1, 88, 2},  {6, -1, 1, 88, 2},  {6, 52, 2, 88, 2}};
-  for (const auto& expected : cases) {
-    Scenario program({}, [&](Scenario& scenario) {
-      scenario.shell.majorVersion = expected.major;
-      scenario.shell.versionSize = expected.size;
-      scenario.shell.queryResult = expected.query;
-      scenario.shell.addResult = 2;
-    });
-    program.window.mnuFileExit.Click.Raise();
-    ASSERT_EQ(program.shell.told.size(), 2U) << "an add and a delete";
-    EXPECT_EQ(program.shell.told[0].second.cbSize, expected.bytes);
-    EXPECT_EQ(program.shell.versionReads, expected.reads) << "worked out once in a run";
-    EXPECT_TRUE(program.shell.calls.empty());
-  }
-}
-
 TEST(TrayMessages, AnswersTheIconAndHandsOnTheRest) {
   Scenario program(kInTray);
   MemoryShell& shell = program.shell;
@@ -136,18 +114,6 @@ TEST(TrayMode, HidesTheWindowAndShortensTheMenu) {
     EXPECT_EQ(menu(program.window), normal);
   }
   EXPECT_FALSE(Scenario(StoredSettings{{"Tray", "-1"}}).window.State().InTray);
-}
-
-TEST(Reports, ComeOnlyFromAPassInTheTrayWithBalloonsWanted) {
-  for (const auto& [tray, tips] : {std::pair("0", "1"), {"1", "0"}, {"1", "1"}}) {
-    Scenario program({{"Tray", tray}, {"Tips", tips}});
-    program.Add("A", "10.0.0.1");
-    program.window.cmdCheck.Press();
-    const bool reports = *tray == '1' && *tips == '1';
-    EXPECT_EQ(program.shell.told.size(), reports ? 3U : 2U);
-    EXPECT_EQ(program.window.tmrBalloon.Enabled(), reports);
-    EXPECT_EQ(program.window.State().BalloonAction, reports ? "ShowMain" : "");
-  }
 }
 
 TEST(Reports, NameTheOneFailureOrCountThem) {

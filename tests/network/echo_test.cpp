@@ -40,16 +40,6 @@ TEST(EchoPacket, OnlyTheRightReplyMatches) {
   }
 }
 
-TEST(EchoPacket, AnErrorGivesItsStatus) {
-  const std::vector<std::tuple<std::uint8_t, std::uint8_t, int>> table = {
-      {3, 0, 11002},  {3, 1, 11003},  {3, 2, 11004},  {3, 3, 11005},  {3, 4, 11009},
-      {3, 13, 11003}, {11, 0, 11013}, {11, 1, 11014}, {12, 0, 11015}, {5, 1, 0}};
-  for (const auto& [type, code, status] : table) {
-    EXPECT_EQ(StatusOfIcmpError(type, code).value_or(kEchoSuccess), status)
-        << +type << " " << +code;
-  }
-}
-
 enum class Road { Raw, Program, Datagram };
 
 /// Sends echoes on one of the roads that the service knows.

@@ -230,21 +230,20 @@ class MemoryShell : public NotificationArea, public VersionInfo, public WindowMe
 
   std::int32_t Shell_NotifyIconA(std::int32_t message, const NOTIFYICONDATA& record) override {
     told.emplace_back(message, record);
-    return addResult;
+    return 1;
   }
 
   std::int32_t GetFileVersionInfoSizeA(const std::string& file) override {
-    ++versionReads;
-    return file == "shell32.dll" ? versionSize : 0;
+    return file == "shell32.dll" ? 52 : 0;
   }
   std::int32_t GetFileVersionInfoA(const std::string&, std::span<std::byte> buffer) override {
-    std::memcpy(buffer.data() + 10, &majorVersion, sizeof(majorVersion));
+    buffer[10] = std::byte{6};
     return 0;
   }
   std::int32_t VerQueryValueA(std::span<const std::byte> buffer, const std::string& block,
                               std::span<const std::byte>& found) override {
     found = buffer;
-    return block == "\\" ? queryResult : 0;
+    return block == "\\" ? 1 : 0;
   }
 
   std::int32_t WindowHandle(const Form&) const override { return kWindow; }
@@ -270,11 +269,6 @@ class MemoryShell : public NotificationArea, public VersionInfo, public WindowMe
   Texts calls;
   WindowProc procedure;  ///< what answers the desktop's messages to the window
   Act onPopup;
-  std::int32_t addResult = 1;
-  std::int32_t versionSize = 52;
-  std::int32_t queryResult = 1;
-  std::int16_t majorVersion = 6;
-  int versionReads = 0;
 };
 
 /// A registry with one key, and programs that are only noted.
@@ -349,11 +343,8 @@ struct Scenario {
                           .programFolder = "/program"}};
 
   /// @param stored the settings that an earlier run left behind, by key.
-  /// @param prepare what is to be so before the program starts.
-  explicit Scenario(const StoredSettings& stored = {},
-                    const std::function<void(Scenario&)>& prepare = {}) {
+  explicit Scenario(const StoredSettings& stored = {}) {
     for (const auto& [key, value] : stored) settings.values["Preferences/" + key] = value;
-    if (prepare) prepare(*this);
     desktop.Load(window);
     if (!window.State().InTray) desktop.Show(window);
   }

@@ -103,12 +103,5 @@ TEST_F(Browser, StartsWithOneArgumentAndNothingOfOurs) {
   }
 }
 
-TEST_F(Browser, ThatCannotStartIsAnError) {
-  for (const char* wrong :
-       {"\"~/none\" u", "\"~/bin/plain\" u", "~/bin/good u", "\"~/bin/good\""}) {
-    EXPECT_THROW(LinuxProcesses().Start(AtHome(wrong)), RuntimeError) << wrong;
-  }
-}
-
 }  // namespace
 }  // namespace kestrava::test
