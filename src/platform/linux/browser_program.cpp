@@ -19,7 +19,7 @@ struct Release {
   void operator()(char** words) const { g_strfreev(words); }
 };
 
-/// "%u" and its like, which stand for the address (Desktop Entry Specification, "The Exec key"),
+/// "%u" and its like, which stand for the address (freedesktop.org, Desktop Entry, "The Exec key"),
 /// or "%s" in $BROWSER.
 bool IsFieldCode(std::string_view word) {
   return word.size() == 2 && word[0] == '%' && std::isalpha(static_cast<unsigned char>(word[1]));

@@ -8,8 +8,9 @@
 
 namespace kestrava {
 
-/// The desktop's notification service: org.freedesktop.Notifications of the Desktop Notifications
-/// Specification of freedesktop.org. It shows one notification at a time. Nothing here ever waits
+/// The desktop's notification service: org.freedesktop.Notifications, as freedesktop.org describes
+/// it
+/// ("Desktop Notifications"). It shows one notification at a time. Nothing here ever waits
 /// for the service.
 class NotificationService final : public QObject {
   Q_OBJECT

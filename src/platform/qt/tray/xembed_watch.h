@@ -9,7 +9,7 @@ struct xcb_connection_t;
 namespace kestrava {
 
 /// Tells whether an X server has a tray that embeds windows, and tells when that may have changed.
-/// See the System Tray Protocol Specification of freedesktop.org.
+/// See the System Tray Protocol of freedesktop.org.
 class XembedWatch final : public QObject, public QAbstractNativeEventFilter {
   Q_OBJECT
 
