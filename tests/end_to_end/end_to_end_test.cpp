@@ -61,6 +61,10 @@ TEST_F(EndToEnd, EveryKindOfMachineShowsItsOutcome) {
     }
   }
   EXPECT_EQ(check(), "Offline (No Response)") << "refused";
+  {
+    const TestServer notRdp({0, "SSH-2.0-x\r\n", Manner::Stays});
+    EXPECT_EQ(check(), "Offline (No Response)") << "an open port is not enough";
+  }
   const TestServer dropping({0, "", Manner::Closes});
   EXPECT_EQ(check(), "Offline (ip req timed out)");
 }

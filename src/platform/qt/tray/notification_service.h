@@ -8,10 +8,9 @@
 
 namespace kestrava {
 
-/// The desktop's notification service: org.freedesktop.Notifications, as freedesktop.org describes
-/// it
-/// ("Desktop Notifications"). It shows one notification at a time. Nothing here ever waits
-/// for the service.
+/// The desktop's notification service: org.freedesktop.Notifications, which freedesktop.org
+/// describes under "Desktop Notifications". It shows one notification at a time. Nothing here ever
+/// waits for the service.
 class NotificationService final : public QObject {
   Q_OBJECT
 
