@@ -30,8 +30,13 @@ struct Desktop {
     grid.SetCol(kAddressColumn);
     grid.SetText(address);
   }
-  /// Lets the view catch up with the grid.
-  static void Settle() { QTest::qWait(40); }
+  /// Lets the view catch up with the grid. Its timer is due ahead of this one, however slow the
+  /// machine is.
+  static void Settle() {
+    QEventLoop wait;
+    QTimer::singleShot(40, Qt::PreciseTimer, &wait, &QEventLoop::quit);
+    wait.exec();
+  }
 
   LinuxDesktop system;
   Platform real = system.Services();

@@ -24,7 +24,8 @@ class Browser : public testing::Test {
  protected:
   Browser() {
     mkdtemp(home_.data());
-    for (const char* program : {"bin/good", "bin/qu\"ote", "my browser/run", "x/x-www-browser"}) {
+    for (const char* program :
+         {"bin/good", "bin/qu\"ote", "my browser/run", "x/x-www-browser", "last/xdg-open"}) {
       Write(program, "");
     }
     Write("bin/plain", "");
@@ -57,6 +58,7 @@ TEST_F(Browser, IsTheDesktopsOrThatOfTheEnvironment) {
       {"~/bin/qu\\\\\"ote", "'unclosed::~/my\\ browser/run", kPath, "\"~/my browser/run\""},
       {"good \"", "", "~/bin", "Invalid"},
       {"~/bin", "~/bin:plain", "~/bin", "Invalid"},
+      {"good run %u", "plain", "~/bin:~/last", "\"~/last/xdg-open\""},
   };
   Write("mimeapps.list", "[Default Applications]\nx-scheme-handler/http=b.desktop\n");
   for (const auto& [exec, browsers, path, command] : cases) {

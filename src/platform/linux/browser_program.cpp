@@ -53,14 +53,17 @@ std::string DesktopHandler() {
 }  // namespace
 
 std::optional<std::string> FindBrowserProgram() {
-  if (auto path = ProgramOf(DesktopHandler())) return path;
+  const std::string handler = DesktopHandler();
+  if (auto path = ProgramOf(handler)) return path;
   if (const char* list = std::getenv("BROWSER")) {
     std::istringstream commands(list);
     for (std::string command; std::getline(commands, command, ':');) {
       if (auto path = ProgramOf(command)) return path;
     }
   }
-  return ProgramOf("x-www-browser");
+  if (auto path = ProgramOf("x-www-browser")) return path;
+  // It finds the handler by itself, and knows the words that go with it.
+  return handler.empty() ? std::nullopt : ProgramOf("xdg-open");
 }
 
 }  // namespace kestrava

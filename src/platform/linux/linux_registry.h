@@ -13,7 +13,8 @@ namespace kestrava {
 /// pages, then the programs of $BROWSER, then `x-www-browser`.
 ///
 /// A command that needs words behind its program (`flatpak run NAME`, `env NAME=VALUE browser`)
-/// can't be told by a path and is passed over; options are dropped.
+/// can't be told by a path and is passed over; options are dropped. Where nothing else is left for
+/// such a handler, `xdg-open` stands for it.
 class LinuxRegistry final : public Registry {
  public:
   /// @return ERROR_FILE_NOT_FOUND for any other key, and where there is no browser.

@@ -8,10 +8,10 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <poll.h>
-#include <spawn.h>
 #include <string>
 #include <sys/wait.h>
 
+#include "platform/linux/child_program.h"
 #include "platform/linux/file_descriptor.h"
 
 namespace kestrava {
@@ -63,44 +63,6 @@ std::string Hexadecimal(std::string_view bytes) {
     text += kDigits[byte & 0x0F];
   }
   return text;
-}
-
-/// Starts a program with its output and error output in `output`, no input, no other descriptor,
-/// and no signal blocked: this program blocks the signals that end it, and a child would inherit
-/// that. @return its process number, or nothing.
-std::optional<pid_t> Start(std::vector<std::string> words, int output) {
-  struct Setup {
-    Setup() {
-      posix_spawn_file_actions_init(&actions);
-      posix_spawnattr_init(&attributes);
-    }
-    ~Setup() {
-      posix_spawn_file_actions_destroy(&actions);
-      posix_spawnattr_destroy(&attributes);
-    }
-    posix_spawn_file_actions_t actions;
-    posix_spawnattr_t attributes;
-  } setup;
-  posix_spawn_file_actions_adddup2(&setup.actions, output, STDOUT_FILENO);
-  posix_spawn_file_actions_adddup2(&setup.actions, output, STDERR_FILENO);
-  posix_spawn_file_actions_addopen(&setup.actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-  posix_spawn_file_actions_addclosefrom_np(&setup.actions, STDERR_FILENO + 1);
-  sigset_t none;
-  sigemptyset(&none);
-  posix_spawnattr_setsigmask(&setup.attributes, &none);
-  posix_spawnattr_setflags(&setup.attributes, POSIX_SPAWN_SETSIGMASK);
-
-  std::vector<char*> arguments;
-  for (std::string& word : words) arguments.push_back(word.data());
-  arguments.push_back(nullptr);
-  std::string locale = "LC_ALL=C";
-  char* environment[] = {locale.data(), nullptr};
-  pid_t process = 0;
-  if (posix_spawnp(&process, arguments[0], &setup.actions, &setup.attributes, arguments.data(),
-                   environment) != 0) {
-    return std::nullopt;
-  }
-  return process;
 }
 
 /// Reads up to the end, the longest output or `deadline`, whichever comes first.
@@ -157,18 +119,29 @@ EchoOutcome SendEchoByPing(const EchoRequest& request, milliseconds timeout) {
   std::snprintf(seconds.data(), seconds.size(), "%lld.%03lld",
                 static_cast<long long>(timeout.count() / 1000),
                 static_cast<long long>(timeout.count() % 1000));
-  const auto process = Start(
-      {"ping", "-n", "-c", "1", "-W", seconds.data(), "-s", std::to_string(request.payload.size()),
-       "-p", Hexadecimal(request.payload), DottedText(request.address)},
-      output.Number());
+  std::string words[] = {"ping",
+                         "-n",
+                         "-c",
+                         "1",
+                         "-W",
+                         seconds.data(),
+                         "-s",
+                         std::to_string(request.payload.size()),
+                         "-p",
+                         Hexadecimal(request.payload),
+                         DottedText(request.address)};
+  std::string locale = "LC_ALL=C";
+  char* const environment[] = {locale.data(), nullptr};
+  pid_t process = 0;
+  const int error = StartProgram(words, output.Number(), environment, process);
   output.Close();
-  if (!process) return {kEchoGeneralFailure};
+  if (error != 0) return {kEchoGeneralFailure};
 
   std::string text;
   const bool ended = ReadToEnd(input.Number(), deadline, text);
   // Does nothing to a program that has ended, and makes sure that the wait for it is short.
-  kill(*process, SIGKILL);
-  while (waitpid(*process, nullptr, 0) < 0 && errno == EINTR) {
+  kill(process, SIGKILL);
+  while (waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
   }
   const EchoOutcome outcome = ReadPingOutput(request, text);
   return !ended && outcome.status == kEchoGeneralFailure ? EchoOutcome{kEchoTimedOut} : outcome;
