@@ -32,9 +32,9 @@ frmMain::frmMain(const Platform& platform)
       schedule_(platform.clock, state_),
       lists_(grdServers, platform.fileSystem, platform.commonDialog, platform.messageBoxes,
              state_.LastListFile, platform.programFolder, [this] { ApplyButtonRule(); }),
-      trayMessages_(*this, mnufile, mnuFileRestore, platform.messages, state_,
-                    [this] { RestoreWindow(); }),
-      icon_(platform.notificationArea, platform.versions, trayMessages_),
+      popup_(*this, mnufile, mnuFileRestore, platform.messages, state_,
+             [this] { RestoreWindow(); }),
+      icon_(platform.notificationArea, platform.versions, popup_),
       browser_(platform.registry, platform.processes, platform.messageBoxes, platform.eventLoop) {
   Load.Connect([this] { Form_Load(); });
   Resize.Connect([this] { Form_Resize(); });
@@ -83,7 +83,7 @@ void frmMain::Form_Unload() {
     WriteText(platform_.settings, kLastListFile, state_.LastListFile);
   }
   icon_.TrayIconRemove();
-  trayMessages_.UnhookTrayMessages(trayMessages_.Handle());
+  popup_.UnhookTrayMessages(popup_.Handle());
 }
 
 void frmMain::cmdAdd_Click() {
@@ -111,7 +111,7 @@ void frmMain::tmrCheck_Timer() {
 }
 
 void frmMain::tmrBalloon_Timer() {
-  icon_.TrayBalloonHide(trayMessages_.Handle());
+  icon_.TrayBalloonHide(popup_.Handle());
   tmrBalloon.SetEnabled(false);
   tmrBalloon.SetInterval(kBalloonMilliseconds);
 }

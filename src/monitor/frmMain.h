@@ -10,8 +10,8 @@
 #include "platform/platform.h"
 #include "probes/connection_probe.h"
 #include "probes/modPing.h"
+#include "tray/modPopup.h"
 #include "tray/notification_icon.h"
-#include "tray/tray_messages.h"
 
 namespace kestrava {
 
@@ -91,7 +91,7 @@ class frmMain : public Form {
   CheckPass checkPass_;
   CheckSchedule schedule_;
   ListCommands lists_;
-  TrayMessages trayMessages_;
+  modPopup popup_;
   NotificationIcon icon_;
   RegAPI browser_;
 };

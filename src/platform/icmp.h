@@ -7,14 +7,14 @@
 namespace kestrava {
 
 /// IP options of an echo, 8 bytes.
-struct IpOptionInformation {
+struct IP_OPTION_INFORMATION {
   std::uint8_t Ttl;
   std::uint8_t Tos;
   std::uint8_t Flags;
   std::uint8_t OptionsSize;
   std::uint32_t OptionsData;
 };
-static_assert(sizeof(IpOptionInformation) == 8);
+static_assert(sizeof(IP_OPTION_INFORMATION) == 8);
 
 #pragma pack(push, 2)
 /// The reply record of one echo: 28 bytes of header and 250 bytes for the echoed data.
@@ -24,9 +24,9 @@ struct EchoReply {
   std::int32_t RoundTripTime;  ///< milliseconds; 10000 where no reply came
   std::int16_t DataSize;       ///< bytes of echoed data; 0 where no reply came
   std::uint16_t Reserved;
-  std::uint32_t DataPointer;    ///< unused: the data stands in `Data`
-  IpOptionInformation Options;  ///< of the reply
-  char Data[250];               ///< the echoed data
+  std::uint32_t DataPointer;      ///< unused: the data stands in `Data`
+  IP_OPTION_INFORMATION Options;  ///< of the reply
+  char Data[250];                 ///< the echoed data
 };
 #pragma pack(pop)
 static_assert(offsetof(EchoReply, Address) == 0);
@@ -73,7 +73,7 @@ class IcmpService {
   /// @return non-zero if a reply came: `Status` 0, `RoundTripTime` in milliseconds and `DataSize`
   ///   of 1 or more. 0 if none came: `Status` says why, `RoundTripTime` is 10000 and `DataSize` 0.
   virtual std::uint32_t IcmpSendEcho(IcmpHandle handle, std::int32_t address, std::string_view data,
-                                     const IpOptionInformation* options, EchoReply& reply,
+                                     const IP_OPTION_INFORMATION* options, EchoReply& reply,
                                      std::uint32_t replySize,
                                      std::uint32_t timeoutMilliseconds) = 0;
 

@@ -9,7 +9,7 @@
 
 #include "platform/notification_area.h"
 #include "platform/version_info.h"
-#include "tray/tray_messages.h"
+#include "tray/modPopup.h"
 
 namespace kestrava {
 
@@ -48,25 +48,25 @@ bool ShellVersionAtLeast(VersionInfo& versions, std::int32_t major) {
 }
 
 void NotificationIcon::TrayIconAdd() {
-  NOTIFYICONDATA record = NewRecord(messages_.Handle());
+  NOTIFYICONDATA record = NewRecord(popup_.Handle());
   record.uFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP;
   record.uCallbackMessage = kTrayCallbackMessage;
-  record.hIcon = messages_.IconHandle();
+  record.hIcon = popup_.IconHandle();
   record.dwState = NIS_SHAREDICON;
   FillText(record.szTip, kTip);
   record.uTimeout = NOTIFYICON_VERSION;
   if (area_.Shell_NotifyIconA(NIM_ADD, record) != 1) return;
   area_.Shell_NotifyIconA(NIM_SETVERSION, record);
-  messages_.HookTrayMessages(messages_.Handle());
+  popup_.HookTrayMessages(popup_.Handle());
 }
 
 void NotificationIcon::TrayIconRemove() {
-  area_.Shell_NotifyIconA(NIM_DELETE, NewRecord(messages_.Handle()));
+  area_.Shell_NotifyIconA(NIM_DELETE, NewRecord(popup_.Handle()));
 }
 
 void NotificationIcon::TrayBalloonShow(std::int32_t infoFlags, std::string_view title,
                                        std::string_view text) {
-  NOTIFYICONDATA record = NewRecord(messages_.Handle());
+  NOTIFYICONDATA record = NewRecord(popup_.Handle());
   record.uFlags = NIF_INFO;
   record.dwInfoFlags = infoFlags;
   FillText(record.szInfoTitle, title);

@@ -6,7 +6,7 @@
 namespace kestrava {
 
 class NotificationArea;
-class TrayMessages;
+class modPopup;
 class VersionInfo;
 struct NOTIFYICONDATA;
 
@@ -18,8 +18,8 @@ bool ShellVersionAtLeast(VersionInfo& versions, std::int32_t major);
 /// these is ever reported.
 class NotificationIcon {
  public:
-  NotificationIcon(NotificationArea& area, VersionInfo& versions, TrayMessages& messages)
-      : area_(area), versions_(versions), messages_(messages) {}
+  NotificationIcon(NotificationArea& area, VersionInfo& versions, modPopup& popup)
+      : area_(area), versions_(versions), popup_(popup) {}
 
   /// Adds the icon and, if that went well, hooks its messages.
   void TrayIconAdd();
@@ -38,7 +38,7 @@ class NotificationIcon {
 
   NotificationArea& area_;
   VersionInfo& versions_;
-  TrayMessages& messages_;
+  modPopup& popup_;
   std::int32_t trayRecordByteSize_ = 0;  ///< 0 until the first record is made
 };
 

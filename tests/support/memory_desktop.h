@@ -120,7 +120,7 @@ class MemoryNetwork : public IcmpService, public WindowsSockets, public MsRdpCli
 
   IcmpHandle IcmpCreateFile() override { return calls.push_back("create"), 77; }
   std::uint32_t IcmpSendEcho(IcmpHandle, std::int32_t address, std::string_view data,
-                             const IpOptionInformation* options, EchoReply& reply,
+                             const IP_OPTION_INFORMATION* options, EchoReply& reply,
                              std::uint32_t replySize, std::uint32_t timeout) override {
     calls.push_back("echo " + std::string(data) + " " + std::to_string(timeout) + " " +
                     std::to_string(replySize) + (options ? " options" : ""));

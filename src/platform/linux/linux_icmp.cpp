@@ -40,7 +40,7 @@ IcmpHandle LinuxIcmp::IcmpCreateFile() {
 }
 
 std::uint32_t LinuxIcmp::IcmpSendEcho(IcmpHandle handle, std::int32_t address,
-                                      std::string_view data, const IpOptionInformation* options,
+                                      std::string_view data, const IP_OPTION_INFORMATION* options,
                                       EchoReply& reply, std::uint32_t replySize,
                                       std::uint32_t timeoutMilliseconds) {
   reply = EchoReply{};

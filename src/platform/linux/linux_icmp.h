@@ -20,7 +20,7 @@ class LinuxIcmp final : public IcmpService {
 
   IcmpHandle IcmpCreateFile() override;
   std::uint32_t IcmpSendEcho(IcmpHandle handle, std::int32_t address, std::string_view data,
-                             const IpOptionInformation* options, EchoReply& reply,
+                             const IP_OPTION_INFORMATION* options, EchoReply& reply,
                              std::uint32_t replySize, std::uint32_t timeoutMilliseconds) override;
   bool IcmpCloseHandle(IcmpHandle handle) override;
 

@@ -18,12 +18,12 @@ inline constexpr const char* kShowMain = "ShowMain";
 
 /// The messages of the icon in the notification area. A window procedure of its own stands in front
 /// of the main window's, answers the icon's messages and hands all others on.
-class TrayMessages {
+class modPopup {
  public:
   /// @param menu the top menu that a right click on the icon pops up, with `defaultEntry` marked.
   /// @param restoreWindow brings the window back.
-  TrayMessages(Form& window, const MenuEntry& menu, const MenuEntry& defaultEntry,
-               WindowMessages& messages, SharedState& state, std::function<void()> restoreWindow);
+  modPopup(Form& window, const MenuEntry& menu, const MenuEntry& defaultEntry,
+           WindowMessages& messages, SharedState& state, std::function<void()> restoreWindow);
 
   /// The handles of the main window and of its icon.
   std::int32_t Handle() const;

@@ -1,4 +1,4 @@
-#include "tray/tray_messages.h"
+#include "tray/modPopup.h"
 
 #include <exception>
 #include <utility>
@@ -23,9 +23,9 @@ void Guarded(Step step) noexcept {
 
 }  // namespace
 
-TrayMessages::TrayMessages(Form& window, const MenuEntry& menu, const MenuEntry& defaultEntry,
-                           WindowMessages& messages, SharedState& state,
-                           std::function<void()> restoreWindow)
+modPopup::modPopup(Form& window, const MenuEntry& menu, const MenuEntry& defaultEntry,
+                   WindowMessages& messages, SharedState& state,
+                   std::function<void()> restoreWindow)
     : window_(window),
       menu_(menu),
       defaultEntry_(defaultEntry),
@@ -33,11 +33,11 @@ TrayMessages::TrayMessages(Form& window, const MenuEntry& menu, const MenuEntry&
       state_(state),
       restoreWindow_(std::move(restoreWindow)) {}
 
-std::int32_t TrayMessages::Handle() const { return messages_.WindowHandle(window_); }
+std::int32_t modPopup::Handle() const { return messages_.WindowHandle(window_); }
 
-std::int32_t TrayMessages::IconHandle() const { return messages_.IconHandle(window_); }
+std::int32_t modPopup::IconHandle() const { return messages_.IconHandle(window_); }
 
-void TrayMessages::HookTrayMessages(std::int32_t hWnd) {
+void modPopup::HookTrayMessages(std::int32_t hWnd) {
   Guarded([&] {
     const std::int32_t address = messages_.AddressOf(
         [this](std::int32_t window, std::int32_t message, std::int32_t wParam,
@@ -46,14 +46,14 @@ void TrayMessages::HookTrayMessages(std::int32_t hWnd) {
   });
 }
 
-void TrayMessages::UnhookTrayMessages(std::int32_t hWnd) {
+void modPopup::UnhookTrayMessages(std::int32_t hWnd) {
   if (state_.SavedWindowProc == 0) return;
   messages_.SetWindowLongA(hWnd, GWL_WNDPROC, state_.SavedWindowProc);
   state_.SavedWindowProc = 0;
 }
 
-std::int32_t TrayMessages::TrayWindowProc(std::int32_t hWnd, std::int32_t uMsg, std::int32_t wParam,
-                                          std::int32_t lParam) {
+std::int32_t modPopup::TrayWindowProc(std::int32_t hWnd, std::int32_t uMsg, std::int32_t wParam,
+                                      std::int32_t lParam) {
   if (hWnd != Handle() || uMsg != kTrayCallbackMessage) {
     return messages_.CallWindowProcA(state_.SavedWindowProc, hWnd, uMsg, wParam, lParam);
   }
@@ -66,12 +66,12 @@ std::int32_t TrayMessages::TrayWindowProc(std::int32_t hWnd, std::int32_t uMsg, 
   return 0;
 }
 
-void TrayMessages::ShowIconMenu() {
+void modPopup::ShowIconMenu() {
   Guarded([this] { messages_.SetForegroundWindow(Handle()); });
   Guarded([this] { messages_.PopupMenu(window_, menu_, defaultEntry_); });
 }
 
-void TrayMessages::BalloonClickAction() {
+void modPopup::BalloonClickAction() {
   if (state_.BalloonAction == kShowMain) restoreWindow_();
 }
 
