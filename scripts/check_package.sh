@@ -1,0 +1,49 @@
+#!/usr/bin/env bash
+# Builds the Debian package and holds what is in it to the rules: the package itself, its desktop
+# entry, its metainfo, its manual page, and one version throughout.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+source scripts/packages.sh
+install_missing "${build_packages[@]}" "${package_packages[@]}"
+
+cmake --preset release -DKESTRAVA_BUILD_TESTS=OFF -DKESTRAVA_BUILD_BENCH=OFF >/dev/null
+cmake --build --preset release
+rm -f build/kestrava_*.deb
+(cd build && cpack -G DEB)
+package=$(echo build/kestrava_*.deb)
+
+content=$(mktemp -d)
+trap 'rm -r "$content"' EXIT
+dpkg-deb --extract "$package" "$content"
+share=$content/usr/share
+
+desktop-file-validate "$share/applications/kestrava.desktop"
+metainfo=$share/metainfo/example.kestrava.kestrava.metainfo.xml
+appstreamcli validate --no-net "$metainfo"
+
+# Both only warn: any word of theirs counts as a failure.
+page=$share/man/man1/kestrava.1.gz
+warnings=$(
+  {
+    LC_ALL=C.UTF-8 man --warnings --local-file "$page"
+    zcat "$page" | groff -ww -man -Tutf8
+  } 2>&1 >/dev/null
+) || warnings+=" (it could not be shown)"
+if [[ -n $warnings ]]; then
+  echo "The manual page: $warnings" >&2
+  exit 1
+fi
+
+version=$(dpkg-deb --field "$package" Version)
+[[ $version == "$(dpkg-parsechangelog -l packaging/debian/changelog -S Version)" ]] || {
+  echo "The changelog has another version than the package's $version." >&2
+  exit 1
+}
+[[ $(grep -m1 '<release ' "$metainfo") == *" version=\"${version%-*}\" "* ]] || {
+  echo "The metainfo's latest release is another one than ${version%-*}." >&2
+  exit 1
+}
+
+# No bug of Debian's asks for this package, so its changelog closes none.
+lintian --fail-on error,warning --suppress-tags initial-upload-closes-no-bugs "$package"
+echo "The package is whole: $package"
