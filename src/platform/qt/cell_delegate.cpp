@@ -51,7 +51,7 @@ bool CellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
     return QStyledItemDelegate::helpEvent(event, view, option, index);
   }
   const QString text = index.data().toString();
-  if (option.fontMetrics.horizontalAdvance(text) <= TextPlace(option).width()) {
+  if (text.isEmpty() || option.fontMetrics.horizontalAdvance(text) <= TextPlace(option).width()) {
     QToolTip::hideText();
   } else {
     ShowPlainTip(text, event->globalPos(), view->viewport(), option.rect);

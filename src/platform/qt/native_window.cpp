@@ -9,12 +9,14 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <QWindow>
 #include <algorithm>
 
 #include "platform/qt/native_controls.h"
 #include "platform/qt/native_menu.h"
 #include "platform/qt/native_timer.h"
 #include "platform/qt/text.h"
+#include "platform/qt/wayland.h"
 
 namespace kestrava {
 
@@ -80,11 +82,19 @@ bool NativeWindow::eventFilter(QObject* watched, QEvent* event) {
       return true;
     case QEvent::KeyPress:
       if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) break;
-      PressCancelButton();
+      LeaveByEscape();
       return true;
     case QEvent::FontChange:
     case QEvent::StyleChange:
       Arrange();
+      break;
+    case QEvent::Show:
+      // On Wayland the window's own minimise button is all that tells of it.
+      if (OnWayland()) {
+        connect(widget_->windowHandle(), &QWindow::windowStateChanged, this,
+                &NativeWindow::TakeMinimize,
+                static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::UniqueConnection));
+      }
       break;
     case QEvent::WindowStateChange:
       TakeWindowState();
@@ -182,7 +192,14 @@ void NativeWindow::ShowVisibility() {
 }
 
 void NativeWindow::TakeWindowState() {
-  const WindowState state = widget_->isMinimized() ? WindowState::Minimized : WindowState::Normal;
+  SetWindowState(widget_->isMinimized() ? WindowState::Minimized : WindowState::Normal);
+}
+
+void NativeWindow::TakeMinimize(Qt::WindowState state) {
+  if (link_ && state == Qt::WindowMinimized) SetWindowState(WindowState::Minimized);
+}
+
+void NativeWindow::SetWindowState(WindowState state) {
   if (form_->WindowState() == state) return;
   form_->SetWindowState(state);
   form_->Resize.Raise();
@@ -198,9 +215,14 @@ void NativeWindow::MoveToPlace() {
                 QPoint(scale_.ToPixels(place.first), scale_.ToPixels(place.second)));
 }
 
-void NativeWindow::PressCancelButton() {
-  auto* button = widget_->findChild<QPushButton*>(form_->Spec().cancelButton);
-  if (button && *form_->Spec().cancelButton != '\0') button->click();
+void NativeWindow::LeaveByEscape() {
+  const FormSpec& spec = form_->Spec();
+  if (*spec.cancelButton != '\0') {
+    widget_->findChild<QPushButton*>(spec.cancelButton)->click();
+  } else if (spec.style == FormStyle::ToolWindow) {
+    // Not every window manager has a key for the close box.
+    emit CloseRequested();
+  }
 }
 
 }  // namespace kestrava

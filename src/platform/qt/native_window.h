@@ -51,7 +51,10 @@ class NativeWindow final : public QObject {
   void ShowWindowState();
   /// The user has minimised the window or brought it back.
   void TakeWindowState();
-  void PressCancelButton();
+  void TakeMinimize(Qt::WindowState state);
+  void SetWindowState(WindowState state);
+  /// Presses the cancel button, or the close box of a dialog that has no such button.
+  void LeaveByEscape();
 
   struct Part {
     const ControlSpec* spec;

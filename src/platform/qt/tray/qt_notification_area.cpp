@@ -37,8 +37,9 @@ std::int32_t QtNotificationArea::Shell_NotifyIconA(std::int32_t message,
   if (!KnownSize(record.cbSize)) return 0;
   const bool known = icon_ && icon_->window == record.hWnd && icon_->id == record.uID;
   if (message == NIM_ADD) {
-    if (icon_ || !messages_.WindowOf(record.hWnd)) return 0;
-    Add(record);
+    const QWidget* owner = messages_.WindowOf(record.hWnd);
+    if (icon_ || !owner) return 0;
+    Add(record, *owner);
     return 1;
   }
   if (!known) return 0;
@@ -57,8 +58,8 @@ std::int32_t QtNotificationArea::Shell_NotifyIconA(std::int32_t message,
   }
 }
 
-void QtNotificationArea::Add(const NOTIFYICONDATA& record) {
-  icon_ = std::make_unique<Icon>(record, makeMenu_);
+void QtNotificationArea::Add(const NOTIFYICONDATA& record, const QWidget& owner) {
+  icon_ = std::make_unique<Icon>(record, makeMenu_, owner);
   QObject::connect(&icon_->shown, &TrayIcon::ContextRequested, &icon_->shown,
                    [this] { Tell(WM_RBUTTONUP); });
   QObject::connect(&icon_->balloon, &Balloon::Clicked, &icon_->balloon,

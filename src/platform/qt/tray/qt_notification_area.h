@@ -24,8 +24,8 @@ class QtNotificationArea final : public NotificationArea {
 
  private:
   struct Icon {
-    Icon(const NOTIFYICONDATA& record, TrayIcon::MakeMenu makeMenu)
-        : window(record.hWnd), id(record.uID), shown(std::move(makeMenu)) {}
+    Icon(const NOTIFYICONDATA& record, TrayIcon::MakeMenu makeMenu, const QWidget& owner)
+        : window(record.hWnd), id(record.uID), shown(std::move(makeMenu), owner) {}
 
     std::int32_t window;
     std::int32_t id;
@@ -34,7 +34,7 @@ class QtNotificationArea final : public NotificationArea {
     Balloon balloon;
   };
 
-  void Add(const NOTIFYICONDATA& record);
+  void Add(const NOTIFYICONDATA& record, const QWidget& owner);
   void Modify(const NOTIFYICONDATA& record);
   void Tell(std::int32_t event);
 

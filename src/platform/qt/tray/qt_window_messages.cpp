@@ -1,12 +1,14 @@
 #include "platform/qt/tray/qt_window_messages.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCursor>
 #include <QTimer>
 #include <algorithm>
 #include <utility>
 
 #include "platform/menu.h"
+#include "platform/qt/wayland.h"
 
 namespace kestrava {
 
@@ -22,6 +24,14 @@ QMenu* FindMenu(const QWidget& window, const char* name) {
   const auto found = std::ranges::find(
       menus, name, [](const QMenu* menu) { return menu->menuAction()->objectName(); });
   return found == menus.end() ? nullptr : *found;
+}
+
+/// The pointer's place. Wayland doesn't tell it while the pointer is over other programs' windows,
+/// and a popup stays away if it isn't beside the window that it was asked for in.
+QPoint PopupPlace() {
+  const QPoint pointer = QCursor::pos();
+  const QWidget* asked = OnWayland() ? QApplication::activeWindow() : nullptr;
+  return asked && !asked->geometry().contains(pointer) ? asked->geometry().center() : pointer;
 }
 
 }  // namespace
@@ -68,7 +78,7 @@ void QtWindowMessages::PopupMenu(Form& form, const MenuEntry& menu, const MenuEn
   if (!popup) return;
   QObject::connect(&eventLoop_, &QtEventLoop::Ended, popup.get(), &QWidget::close);
   popupOpen_ = true;
-  popup->exec(QCursor::pos());
+  popup->exec(PopupPlace());
   popupOpen_ = false;
 }
 

@@ -14,7 +14,8 @@ constexpr std::chrono::milliseconds kFirstLook(100);
 
 }  // namespace
 
-TrayIcon::TrayIcon(MakeMenu makeMenu) : makeMenu_(std::move(makeMenu)) {
+TrayIcon::TrayIcon(MakeMenu makeMenu, const QWidget& window)
+    : makeMenu_(std::move(makeMenu)), window_(window) {
   QTimer::singleShot(kFirstLook, this, &TrayIcon::LookForTrays);
 }
 
@@ -90,10 +91,9 @@ void TrayIcon::ShowInTray(Road road) {
 }
 
 void TrayIcon::ShowStandIn() {
-  standIn_ = std::make_unique<StandInIcon>(icon_);
+  standIn_ = std::make_unique<StandInIcon>(icon_, window_);
   standIn_->setToolTip(tip_.toHtmlEscaped());
   connect(standIn_.get(), &StandInIcon::ContextRequested, this, &TrayIcon::ContextRequested);
-  standIn_->show();
 }
 
 }  // namespace kestrava

@@ -23,7 +23,8 @@ class TrayIcon final : public QObject {
   /// Makes the menu for a tray that draws the icon's menu itself; may give nullptr.
   using MakeMenu = std::function<std::unique_ptr<QMenu>()>;
 
-  explicit TrayIcon(MakeMenu makeMenu);
+  /// `window` is the one that the icon stands for.
+  TrayIcon(MakeMenu makeMenu, const QWidget& window);
 
   void SetIcon(const QIcon& icon);
   void SetTip(const QString& tip);
@@ -45,6 +46,7 @@ class TrayIcon final : public QObject {
   void ShowStandIn();
 
   MakeMenu makeMenu_;
+  const QWidget& window_;
   QIcon icon_;
   QString tip_;
   Road road_ = Road::None;
