@@ -40,6 +40,8 @@ int main(int argc, char* argv[]) {
   // The application object has just taken over the user's locale. Dates follow it, but numbers in
   // stored texts always have a point.
   std::setlocale(LC_NUMERIC, "C");
+  // All texts are English; a translated toolkit must not mirror the windows alone.
+  QApplication::setLayoutDirection(Qt::LeftToRight);
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(ProgramIcon());
 

@@ -42,7 +42,10 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   if (option.fontMetrics.horizontalAdvance(text) > place.width()) {
     text = option.fontMetrics.elidedText(text, Qt::ElideRight, place.width());
   }
-  painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+  // A date in Arabic, say, has its numbers in the order that its own direction gives them.
+  painter->setLayoutDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+  constexpr int kPlacing = Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignVCenter;
+  painter->drawText(place, kPlacing | Qt::TextSingleLine, text);
 }
 
 bool CellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,

@@ -2,6 +2,7 @@
 
 #include <QTimer>
 
+#include "platform/qt/check_box_look.h"
 #include "platform/qt/text.h"
 
 namespace kestrava {
@@ -50,6 +51,7 @@ Qt::ItemFlags CheckListModel::flags(const QModelIndex& index) const {
 CheckListView::CheckListView(CheckList& list, QWidget* parent)
     : QListView(parent), model_(list, this) {
   setModel(&model_);
+  setItemDelegate(new CheckEntryDelegate(this));
   setUniformItemSizes(true);
 }
 

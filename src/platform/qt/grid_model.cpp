@@ -22,15 +22,13 @@ QString LampMeaning(Color color) {
       return QStringLiteral("Online");
     case kRed:
       return QStringLiteral("Offline");
-    case kWhite:
-      return QStringLiteral("Unchecked");
     default:
-      return {};
+      return QStringLiteral("Unchecked");
   }
 }
 
 QVariant LampData(Color color, int role) {
-  if (role == Qt::AccessibleTextRole) return LampMeaning(color);
+  if (role == Qt::AccessibleTextRole || role == Qt::ToolTipRole) return LampMeaning(color);
   if (role != Qt::DecorationRole || color == kNoColor) return {};
   return QColor(static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
                 static_cast<int>(color >> 16 & 0xFF));

@@ -32,7 +32,7 @@ class GridModel final : public QAbstractTableModel, private GridObserver {
   QVariant data(const QModelIndex& index, int role) const override;
 
   /// Headings as texts. A lamp has its colour as decoration, and its meaning in words for screen
-  /// readers.
+  /// readers and as its tip.
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  signals:

@@ -1,13 +1,13 @@
 #include "platform/qt/native_controls.h"
 
 #include <QApplication>
-#include <QCheckBox>
 #include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <limits>
 
 #include "platform/flex_grid.h"
+#include "platform/qt/check_box_look.h"
 #include "platform/qt/check_list_view.h"
 #include "platform/qt/grid_view.h"
 #include "platform/qt/native_labels.h"
@@ -79,7 +79,7 @@ QWidget* MakeTextBox(TextBox& textBox, QObject& link, QWidget* parent) {
 }
 
 QWidget* MakeCheckBox(CheckBox& checkBox, QObject& link, QWidget* parent) {
-  auto* widget = new QCheckBox(ToShown(checkBox.Spec().caption), parent);
+  auto* widget = new VisibleCheckBox(ToShown(checkBox.Spec().caption), parent);
   QObject::connect(widget, &QCheckBox::toggled, &link,
                    [&checkBox](bool checked) { checkBox.SetChecked(checked); });
   Mirror(checkBox, link, [widget, &checkBox] {

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QMenu>
+#include <QShortcut>
 
 #include "platform/qt/text.h"
 
@@ -31,6 +32,8 @@ void Mirror(MenuEntry& entry, QObject& link, QAction& action) {
 }  // namespace
 
 void BuildMenu(const Form& form, QObject& link, QMenuBar& bar) {
+  // The toolkit opens menus by Alt alone.
+  new QShortcut(Qt::Key_F10, &bar, [&bar] { bar.setActiveAction(bar.actions().value(0)); });
   QMenu* menu = nullptr;
   for (MenuEntry* entry : form.Menu()) {
     const MenuSpec& spec = entry->Spec();

@@ -133,13 +133,19 @@ void NativeWindow::ChainTabOrder() {
 void NativeWindow::NameForScreenReaders() {
   QLabel* label = nullptr;
   for (const Part& part : parts_) {
-    QString caption = ToShown(part.spec->caption);
-    if (label && caption.isEmpty()) {
-      label->setBuddy(part.widget);
-      caption = label->text();
+    if (part.spec->kind == ControlKind::Label) {
+      label = qobject_cast<QLabel*>(part.widget);
+      continue;
     }
-    if (!caption.isEmpty()) part.widget->setAccessibleName(caption.remove('&'));
-    label = qobject_cast<QLabel*>(part.widget);
+    QString name = ToShown(part.spec->caption).remove('&');
+    if (name.isEmpty() && label) {
+      label->setBuddy(part.widget);
+      name = label->text();
+    }
+    label = nullptr;
+    // What nothing names is what its window is about.
+    if (name.isEmpty()) name = widget_->windowTitle();
+    if (part.widget->accessibleName().isEmpty()) part.widget->setAccessibleName(name);
   }
 }
 

@@ -1,0 +1,48 @@
+#include <QAccessible>
+#include <gtest/gtest.h>
+
+#include "desktop/desktop.h"
+
+namespace kestrava::test {
+/// What a screen reader says while Tab goes once around the window.
+static std::string NamesByTab(const QWidget* window) {
+  QStringList names;
+  QWidget* const first = window->focusWidget();
+  do {
+    names << QAccessible::queryAccessibleInterface(window->focusWidget())->text(QAccessible::Name);
+    QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
+  } while (window->focusWidget() != first && names.size() < 9);
+  return names.join('|').toStdString();
+}
+
+TEST(Accessibility, TabReachesEveryControlByItsNameAndTheLampSpeaks) {
+  Desktop desktop;
+  desktop.AddRow("machine");
+  desktop.Settle();
+  QAccessibleInterface* grid = QAccessible::queryAccessibleInterface(desktop.view);
+  auto* cell = grid->tableInterface()->cellAt(0, 0)->tableCellInterface();
+  const auto lamp = [&] { return cell->rowHeaderCells().value(0)->text(QAccessible::Name); };
+  EXPECT_EQ(lamp(), "Unchecked");
+  desktop.main.cmdCheck.Press();
+  EXPECT_EQ(lamp(), "Online");
+
+  for (Button* button : {&desktop.main.cmdCheck, &desktop.main.cmdRemove}) button->SetEnabled(true);
+  EXPECT_EQ(NamesByTab(desktop.window),
+            "Connections|Add New Connection|Check Now !|Remove Connection(s)");
+  const std::map<QString, std::string> dialogs = {
+      {"cmdRemove", "Remove Connections|Delete|Cancel"},
+      {"cmdAdd", "Connection Name|Connection IP Address|Save|Cancel"},
+      {"mnuConnPref",
+       "Connection Status Check Interval (mins)|Show Balloon Popup when Running in System Tray|"
+       "Start Monitor in System Tray|Save Changes|Cancel"},
+      {"mnuHelpAbout", "www.kestrava.example"}};
+  for (const auto& [way, names] : dialogs) {
+    InDialogs({[names = names](QWidget* dialog) {
+      EXPECT_EQ(NamesByTab(dialog), names);
+      QTest::keyClick(dialog, Qt::Key_Escape);
+    }});
+    way.startsWith("cmd") ? Click(way) : Pick(way);
+  }
+}
+
+}  // namespace kestrava::test
