@@ -31,7 +31,7 @@ void TrayIcon::SetTip(const QString& tip) {
 }
 
 QRect TrayIcon::Geometry() const {
-  if (standIn_) return standIn_->geometry();
+  if (standIn_) return {standIn_->mapToGlobal(QPoint()), standIn_->size()};
   return road_ == Road::Xembed ? inTray_->geometry() : QRect();
 }
 
