@@ -1,5 +1,4 @@
 #include <QAccessible>
-#include <gtest/gtest.h>
 
 #include "desktop/desktop.h"
 
@@ -17,7 +16,7 @@ static std::string NamesByTab(const QWidget* window) {
 
 TEST(Accessibility, TabReachesEveryControlByItsNameAndTheLampSpeaks) {
   Desktop desktop;
-  desktop.AddRow("machine");
+  desktop.AddRow("machine", "127.0.0.1");
   desktop.Settle();
   // The first of the second row, behind the row of headings.
   auto* lamp = QAccessible::queryAccessibleInterface(desktop.view)->child(6);

@@ -1,18 +1,91 @@
 #pragma once
 
-#include "desktop/user.h"
+#include <QAction>
+#include <QApplication>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <deque>
+#include <functional>
+#include <gtest/gtest.h>
+
 #include "monitor/connection_table.h"
+#include "monitor/frmMain.h"
 #include "platform/qt/grid_view.h"
 #include "platform/qt/linux_desktop.h"
-#include "support/memory_desktop.h"
+#include "platform/settings_store.h"
 
 namespace kestrava::test {
 
-/// The real main window on the real desktop, with made-up settings, registry and network.
+/// Where the program finds and leaves what belongs to its user.
+struct Home : QTemporaryDir {
+  Home() {
+    for (const char* kind : {"CONFIG_HOME", "CONFIG_DIRS", "DATA_HOME", "DATA_DIRS"}) {
+      qputenv((std::string("XDG_") + kind).c_str(), path().toUtf8());
+    }
+  }
+};
+inline const Home home;
+
+// What the user sees and does in the windows of the program.
+
+/// The window of this name, or else the widget in the main window.
+inline QWidget* Widget(const QString& name) {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->objectName() == name) return window;
+  }
+  return name == "frmMain" ? nullptr : Widget("frmMain")->findChild<QWidget*>(name);
+}
+inline bool Until(const std::function<bool()>& condition) {
+  return QTest::qWaitFor(condition, 8000);
+}
+/// The names of the windows that are up.
+inline QStringList VisibleWindows() {
+  QStringList names;
+  for (const QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible()) names.push_back(window->objectName());
+  }
+  return names;
+}
+inline void Click(const QString& button) { QTest::mouseClick(Widget(button), Qt::LeftButton); }
+inline void Pick(const QString& entry) { Widget("frmMain")->findChild<QAction*>(entry)->trigger(); }
+
+/// What the user does, one after the other, in the dialogs and menus that come up next.
+using Acts = std::deque<std::function<void(QWidget* dialog)>>;
+inline void InDialogs(Acts acts) {
+  QTimer::singleShot(20, [acts = std::move(acts)]() mutable {
+    QWidget* dialog = QApplication::activePopupWidget();
+    if (!dialog) dialog = QApplication::activeModalWidget();
+    if (!dialog) return InDialogs(std::move(acts));
+    const auto act = std::move(acts.front());
+    acts.pop_front();
+    if (!acts.empty()) InDialogs(std::move(acts));
+    act(dialog);
+  });
+}
+/// Fills a field, the first for no name, and presses Enter.
+inline auto Enter(const QString& text, const QString& field = {}) {
+  return [=](QWidget* dialog) {
+    auto* edit = dialog->findChild<QLineEdit*>(field);
+    edit->setFocus();
+    edit->selectAll();
+    edit->insert(text);
+    QTest::keyClick(edit, Qt::Key_Return);
+  };
+}
+/// Adds a row of that address.
+inline void Add(const QString& address) {
+  InDialogs({Enter(address, "txtAddress")});
+  Click("cmdAdd");
+}
+inline const auto closeDialog = [](QWidget* dialog) { dialog->close(); };
+
+/// The whole program in its real windows, with real files, settings and network.
 struct Desktop {
-  explicit Desktop(const StoredSettings& stored = {}) {
-    settings.values = stored;
-    network.At("127.0.0.1") = kAnswering;
+  /// @param tray "1" to start in the tray.
+  explicit Desktop(const char* tray = "0") {
+    real.settings.WriteSetting("Preferences", "Tray", tray);
     system.NotificationArea().ExportMenu(main, main.mnufile, main.mnuFileRestore);
     real.windows.Load(main);
     if (!main.State().InTray) real.windows.Show(main);
@@ -23,12 +96,34 @@ struct Desktop {
     real.windows.Unload(main);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
-  void AddRow(const std::string& name, const std::string& address = "127.0.0.1") {
+  /// Puts a row into the table, with an address that no machine can have.
+  void AddRow(const std::string& name, const std::string& address = "1..2.3") {
     AppendConnectionRow(grid);
-    grid.SetCol(kNameColumn);
-    grid.SetText(name);
-    grid.SetCol(kAddressColumn);
-    grid.SetText(address);
+    for (const auto& [column, text] : {std::pair(kNameColumn, name), {kAddressColumn, address}}) {
+      grid.SetCol(column);
+      grid.SetText(text);
+    }
+  }
+  /// Puts a new row in place of all others, as a list that is loaded does.
+  static void ReplaceRows(frmMain& main) {
+    main.grdServers.SetRows(1);
+    main.grdServers.SetRows(2);
+  }
+  std::string Cell(int row, int column) const { return grid.TextAt(row, column); }
+  /// The texts of a column, with ";" behind each.
+  std::string Texts(int column) const {
+    std::string texts;
+    for (int row = 1; row < grid.Rows(); ++row) texts += Cell(row, column) + ";";
+    return texts;
+  }
+  /// Double-clicks an address by mouse, and any other cell by key.
+  void DoubleClick(int row, int column) const {
+    Settle();
+    const QPoint cell = view->visualRect(view->model()->index(row - 1, column - 1)).center();
+    if (column == kAddressColumn)
+      return QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, cell);
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, cell);
+    QTest::keyClick(view, Qt::Key_Return);
   }
   /// Lets the view catch up with the grid. Its timer is due ahead of this one, however slow the
   /// machine is.
@@ -40,15 +135,7 @@ struct Desktop {
 
   LinuxDesktop system;
   Platform real = system.Services();
-  MemoryDesktop unused;
-  MemoryNetwork network{unused};
-  TestClock clock;
-  MemorySettings settings;
-  MemoryRegistry registry;
-  frmMain main{Platform{real.windows, real.eventLoop, real.messageBoxes, real.promptBoxes,
-                        real.commonDialog, clock, network, network, network, settings,
-                        real.fileSystem, real.notificationArea, real.versions, real.messages,
-                        registry, registry, ""}};
+  frmMain main{real};
   MSFlexGrid& grid = main.grdServers;
   QWidget* window;
   GridView* view;

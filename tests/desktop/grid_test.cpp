@@ -1,7 +1,4 @@
 #include <QAbstractItemModelTester>
-#include <QHelpEvent>
-#include <QToolTip>
-#include <gtest/gtest.h>
 #include <random>
 
 #include "desktop/desktop.h"
@@ -27,16 +24,6 @@ TEST(GridView, MirrorsRowsThatComeAndGo) {
                 desktop.grid.TextAt(row, kNameColumn));
     }
   }
-}
-
-TEST(GridView, ATipShowsACutTextToTheLetter) {
-  Desktop desktop;
-  desktop.AddRow("<b>&</b>  B\xFC");
-  desktop.Settle();
-  desktop.view->setColumnWidth(0, 30);
-  QHelpEvent event(QEvent::ToolTip, {10, 5}, desktop.view->mapToGlobal(QPoint(10, 5)));
-  QApplication::sendEvent(desktop.view->viewport(), &event);
-  EXPECT_TRUE(QToolTip::text().contains(QString("<b>&</b>  B\u00FC").toHtmlEscaped()));
 }
 
 }  // namespace kestrava::test

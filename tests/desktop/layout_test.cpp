@@ -2,9 +2,9 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStyleOptionButton>
-#include <gtest/gtest.h>
 
 #include "desktop/desktop.h"
+#include "editing/frmNewConn.h"
 
 namespace kestrava::test {
 /// Compares the room that a text has with what the text takes, broken into lines.

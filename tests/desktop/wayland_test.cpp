@@ -1,7 +1,6 @@
 #include "platform/qt/wayland.h"
 
 #include <QWindow>
-#include <gtest/gtest.h>
 
 #include "desktop/desktop.h"
 
@@ -9,17 +8,16 @@ namespace kestrava::test {
 TEST(Wayland, TheIconStandsInTheMenuBarOrAloneAndLeadsBack) {
   if (!OnWayland()) GTEST_SKIP() << "for the run in a Wayland compositor";
   Desktop desktop;
-  const auto until = [](const auto& condition) { return QTest::qWaitFor(condition); };
   const auto inMenuBar = [&] { return desktop.window->findChild<QWidget*>("trayStandIn"); };
-  ASSERT_TRUE(until(inMenuBar));
+  ASSERT_TRUE(Until(inMenuBar));
   for (int time = 0; time < 2; ++time) {
     desktop.window->windowHandle()->setWindowState(Qt::WindowMinimized);  // as by its own button
-    ASSERT_TRUE(until([] { return VisibleWindows() == QStringList("trayStandIn"); }));
+    ASSERT_TRUE(Until([] { return VisibleWindows() == QStringList("trayStandIn"); }));
     InDialogs({[](QWidget* menu) {
       QTest::keyClick(menu, Qt::Key_Down), QTest::keyClick(menu, Qt::Key_Return);
     }});
     QTest::keyClick(Widget("trayStandIn"), Qt::Key_Return);
-    ASSERT_TRUE(until([&] { return desktop.window->isVisible() && inMenuBar(); }));
+    ASSERT_TRUE(Until([&] { return desktop.window->isVisible() && inMenuBar(); }));
   }
 }
 

@@ -1,121 +1,230 @@
 #include <QHeaderView>
+#include <QInputDialog>
 #include <QLabel>
 #include <QListView>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
+#include <QMessageBox>
 
 #include "desktop/desktop.h"
 #include "help/web_pages.h"
 
 namespace kestrava::test {
-TEST(Windows, AddByKeyAndMouse) {
-  Desktop desktop;
-  for (const auto& [place, key] : {std::pair("txtName", Qt::Key_Return),
-                                   {"cmdSave", Qt::Key_Space},
-                                   {"txtAddress", Qt::Key_Escape}}) {
-    const auto fill = [place = place, key = key](QWidget* dialog) {
-      QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
-      EXPECT_EQ(dialog->focusWidget()->objectName(), "txtName") << "no address: the box stays open";
-      QTest::keyClicks(dialog->findChild<QWidget*>("txtAddress"), "127.0.0.1");
-      QTest::keyClick(dialog->findChild<QWidget*>(place), key);
-    };
-    InDialogs({fill, closeDialog});
-    Click("cmdAdd");
-  }
-  ASSERT_EQ(desktop.grid.Rows(), 3);
-  EXPECT_EQ(desktop.grid.TextAt(2, 1), "New Connection 2");
+/// Reads a message box and closes it.
+static auto Tells(const char* message) {
+  return [=](QWidget* box) {
+    EXPECT_EQ(dynamic_cast<QMessageBox&>(*box).text(), message);
+    EXPECT_EQ(dynamic_cast<QMessageBox&>(*box).icon(), QMessageBox::Critical);
+    box->close();
+  };
 }
 
-TEST(Windows, EveryButtonAndMenuEntryDoesItsWork) {
-  const QTemporaryDir folder;
-  const QString list = folder.filePath("list.kvl");
+TEST(Windows, AddTakesWhatTheDialogTook) {
   Desktop desktop;
-  desktop.registry.values = {{"", REG_SZ, "\"browser\" %1"}};
-  const auto cell = [&](int row, int column) { return desktop.grid.TextAt(row, column); };
-  InDialogs({Enter("127.0.0.1", "txtAddress"), Enter("127.0.0.1", "txtAddress")});
+  const std::tuple<const char*, const char*, const char*> refused[] = {
+      {"txtAddress", "", "Connection Address Cannot be Left Blank"},
+      {"txtName", "", "Connection Name Cannot be Left Blank"},
+      {"txtName", " <b>Mail</b> ", "Connection Address Cannot be Left Blank"},
+      {"txtAddress", "1.2.3", "The Address format is not recognised"},
+      {"txtAddress", "1.2.3.4.5", "The Address format is not recognised"}};
+  Acts acts = {[&](QWidget* dialog) {
+    EXPECT_EQ(dialog->focusWidget()->objectName(), "txtName");
+    for (const auto& [field, text, message] : refused) Enter(text, field)(dialog);
+    QTest::keyClicks(dialog->findChild<QWidget*>("txtAddress"), "\b\b");
+    QTest::keyClick(dialog->findChild<QWidget*>("cmdSave"), Qt::Key_Space);
+  }};
+  for (const auto& [field, text, message] : refused) acts.push_back(Tells(message));
+  acts.push_back([](QWidget* dialog) {
+    EXPECT_EQ(dialog->findChild<QLineEdit*>("txtName")->text(), "New Connection 2");
+    QTest::keyClicks(dialog->findChild<QWidget*>("txtAddress"), "...");
+    QTest::keyClick(dialog, Qt::Key_Escape);
+  });
+  InDialogs(acts);
   Click("cmdAdd");
   Pick("mnuConnCreate");
-  Click("cmdCheck");
-  EXPECT_EQ(cell(2, kStatusColumn), "Online (Ping Response)");
+  ASSERT_EQ(desktop.grid.Rows(), 2);
+  const char* row[] = {"", " <b>Mail</b> ", "1.2.3.4", "Unchecked", "Enabled", "Unchecked"};
+  for (int column = 0; column < 6; ++column) EXPECT_EQ(desktop.Cell(1, column), row[column]);
+  EXPECT_EQ(desktop.grid.BackColorAt(1, kLampColumn), kWhite);
+}
 
-  desktop.Settle();
-  auto* lamps = desktop.view->verticalHeader();
-  const QPoint middle(lamps->width() / 2, lamps->sectionSize(0) / 2);
-  EXPECT_EQ(lamps->grab().toImage().pixel(middle * lamps->devicePixelRatio()), 0xFF00FF00);
-  const auto doubleClick = [&](int column) {
-    const QRect place = desktop.view->visualRect(desktop.view->model()->index(0, column - 1));
-    QTest::mouseDClick(desktop.view->viewport(), Qt::LeftButton, {}, place.center());
+TEST(Windows, RemoveTakesTheMarkedRowsAloneAlsoFromUnderAPass) {
+  const std::pair<const char*, const char*> cases[] = {{"", "1;2;3;4;"},
+                                                       {"23", "1;4;"},
+                                                       {"34", "1;2;"},
+                                                       {"14", "2;3;"},
+                                                       {"2", "1;3;4;"},
+                                                       {"1234", ""},
+                                                       {"1234 of an old list", ";"}};
+  for (const auto& [marked, left] : cases) {
+    for (const bool inPass : {false, true}) {
+      SCOPED_TRACE(marked);
+      Desktop desktop;
+      Add("...");
+      desktop.grid.SetRows(1);
+      for (const auto& [name, address] : {std::pair("A", "1"), {"B", "2"}, {"B", "3"}, {"", "4"}}) {
+        desktop.AddRow(name, address);
+      }
+      InDialogs({[&, marked = QString(marked)](QWidget* dialog) {
+        auto* list = dialog->findChild<QListView*>();
+        QString names;
+        for (int row = 0; row < list->model()->rowCount(); ++row) {
+          list->setCurrentIndex(list->model()->index(row, 0));
+          names += list->currentIndex().data().toString();
+          if (marked.contains(QString::number(row + 1))) QTest::keyClick(list, Qt::Key_Space);
+        }
+        EXPECT_EQ(names, "ABB");
+        if (marked.endsWith("old list")) Desktop::ReplaceRows(desktop.main);
+        QTest::mouseClick(dialog->findChild<QWidget*>("cmdDelete"), Qt::LeftButton);
+      }});
+      if (inPass) QTimer::singleShot(0, [] { Click("cmdRemove"); });
+      Click(inPass ? "cmdCheck" : "cmdRemove");
+      EXPECT_EQ(desktop.Texts(kAddressColumn), left);
+      const auto* status = inPass && *left != ';' ? "Offline (ip bad destination)" : "";
+      for (int row = 1; row < desktop.grid.Rows(); ++row) {
+        EXPECT_EQ(desktop.Cell(row, kStatusColumn), status);
+      }
+      EXPECT_EQ(Widget("cmdCheck")->isEnabled(), *left != '\0');
+      EXPECT_EQ(Widget("cmdRemove")->isEnabled(), *left != '\0');
+    }
+  }
+}
+
+TEST(Windows, EditChangesTheCellThatWasDoubleClickedWhereverItsRowGoes) {
+  const std::string name = "Connection Name|Please Enter the New Connection Name|B\u00FC";
+  const std::string address = "Connection Address|Please Enter the New Connection Address|1..2.3";
+  const auto nothing = [](frmMain&) {};
+  const auto check = [](frmMain& main) { main.cmdCheck.Press(); };
+  const auto removeAbove = [](frmMain& main) { main.grdServers.RemoveItem(1); };
+  const auto removeIt = [](frmMain& main) { main.grdServers.RemoveItem(2); };
+  const struct {
+    Column column;
+    std::string question, answer, texts;  // the texts of the column afterwards
+    void (*meanwhile)(frmMain&);
+  } cases[] = {
+      {kNameColumn, name, "",
+       "A;B\xFC;"
+       "C;",
+       nothing},
+      {kNameColumn, name, "B\u00FC",
+       "A;B\xFC;"
+       "C;",
+       nothing},
+      {kNameColumn, name, " , ", "A; , ;C;", nothing},
+      {kNameColumn, name, "X", "A;X;C;", check},
+      {kNameColumn, name, "X", "X;C;", removeAbove},
+      {kNameColumn, name, "X", "A;C;", removeIt},
+      {kNameColumn, name, "X", ";", Desktop::ReplaceRows},
+      {kAddressColumn, address, "1.2.3", "1..2.3;1..2.3;1..2.3;", nothing},
+      {kAddressColumn, address, "a.b.c.d", "1..2.3;a.b.c.d;1..2.3;", nothing},
+      {kAddressColumn, address, "...", "...;1..2.3;", removeAbove},
   };
-  InDialogs({Enter("Mail"), Enter("127.0.0.2")});
-  doubleClick(kNameColumn);
-  QTest::keyClick(desktop.view, Qt::Key_Right);
-  QTest::keyClick(desktop.view, Qt::Key_Return);
-  doubleClick(kCheckingColumn);
-  EXPECT_EQ(cell(1, kNameColumn) + cell(1, kAddressColumn), "Mail127.0.0.2");
-  EXPECT_EQ(cell(1, kCheckingColumn), "Disabled");
+  for (const auto& [column, question, answer, texts, meanwhile] : cases) {
+    SCOPED_TRACE(texts);
+    Desktop desktop;
+    for (const char* row : {"A", "B\xFC", "C"}) desktop.AddRow(row);
+    QString asked;
+    InDialogs({[&, &answer = answer, &meanwhile = meanwhile](QWidget* dialog) {
+      const auto& prompt = dynamic_cast<QInputDialog&>(*dialog);
+      asked = prompt.windowTitle() + '|' + prompt.labelText() + '|' + prompt.textValue();
+      meanwhile(desktop.main);
+      if (answer == "1.2.3") InDialogs({Tells("Not a Valid Address Format")});
+      Enter(QString::fromStdString(answer))(dialog);
+    }});
+    desktop.DoubleClick(2, column);
+    EXPECT_EQ(asked.toStdString(), question);
+    EXPECT_EQ(desktop.Texts(column), texts);
+    for (const char* word : {"Enabled", "Disabled", "Enabled"}) {
+      desktop.DoubleClick(1, kCheckingColumn);
+      EXPECT_EQ(desktop.Cell(1, kCheckingColumn), word);
+    }
+  }
+}
 
-  InDialogs({Enter(list), closeDialog, Enter(list)});
-  Pick("mnuFileSave");
-  Pick("mnuFileNew");
-  Pick("mnuFileLoad");
+TEST(Windows, TheMenuWorksAndAListAndThePreferencesOutliveTheProgram) {
+  const QString list = home.filePath("my list, \u00E4.kvl");
+  {
+    Desktop desktop;
+    Add("127.0.0.1");
+    Add("1..2.3");
+    Click("cmdCheck");
+    desktop.Settle();
+    auto* lamps = desktop.view->verticalHeader();
+    const QPoint middle(lamps->width() / 2, lamps->sectionSize(0) / 2);
+    EXPECT_EQ(lamps->grab().toImage().pixel(middle * lamps->devicePixelRatio()), 0xFF00FF00);
+    InDialogs({Enter(list), closeDialog, Enter(list), Enter("77", "txtInterval")});
+    Pick("mnuFileSave");
+    Pick("mnuFileNew");
+    EXPECT_EQ(desktop.grid.Rows(), 1);
+    Pick("mnuFileLoad");
+    Pick("mnuConnPref");
+    Pick("mnuFileAuto");
+    Pick("mnuFileExit");
+  }
+  const Desktop desktop;
   ASSERT_EQ(desktop.grid.Rows(), 3);
-  InDialogs({[](QWidget* dialog) {
-    auto* marks = dialog->findChild<QListView*>();
-    marks->setCurrentIndex(marks->model()->index(1, 0));
-    QTest::keyClick(marks, Qt::Key_Space);
-    QTest::mouseClick(dialog->findChild<QWidget*>("cmdDelete"), Qt::LeftButton);
-  }});
-  Click("cmdRemove");
-  EXPECT_EQ(desktop.grid.Rows(), 2);
-  EXPECT_EQ(cell(1, kNameColumn), "Mail");
-
+  EXPECT_EQ(desktop.Cell(1, kStatusColumn), "Online (Ping Response)");
+  EXPECT_EQ(desktop.Cell(2, kStatusColumn), "Offline ()");
+  EXPECT_EQ(desktop.main.State().LastListFile, list.toStdString());
+  EXPECT_EQ(desktop.main.State().CheckInterval, 77);
   Pick("mnuFileAuto");
-  EXPECT_TRUE(desktop.window->findChild<QAction*>("mnuFileAuto")->isChecked());
-  InDialogs({Enter("7", "txtInterval")});
-  Pick("mnuConnPref");
-  EXPECT_EQ(desktop.main.State().CheckInterval, 7);
+  EXPECT_FALSE(desktop.main.mnuFileAuto.Checked());
+}
+
+TEST(Windows, GoToTheTrayAndBack) {
+  const Desktop desktop("-1");
+  const auto menu = [&] {
+    std::string visible;
+    for (const MenuEntry* entry : desktop.main.Menu()) {
+      const std::string name = entry->Spec().name;
+      if (name.starts_with("mnuFile") && entry->Visible()) visible += name.substr(7) + " ";
+    }
+    return visible;
+  };
+  for (const bool minimizes : {false, true}) {
+    EXPECT_EQ(menu(), "New Brk1 Load Save Brk2 Auto Brk3 Tray Brk4 Exit ");
+    minimizes ? desktop.window->setWindowState(Qt::WindowMinimized) : Pick("mnuFileTray");
+    EXPECT_EQ(menu(), "Restore Brk4 Exit ");
+    EXPECT_FALSE(desktop.window->isVisible());
+    Pick("mnuFileRestore");
+    EXPECT_TRUE(desktop.window->isVisible() && !desktop.window->isMinimized());
+  }
+}
+
+TEST(Windows, HelpOpensItsPagesInTheBrowser) {
+  QFile browser(home.filePath("browser"));
+  QFile record(home.filePath("record"));
+  ASSERT_TRUE(browser.open(QFile::WriteOnly) && record.open(QFile::ReadWrite));
+  browser.write("#!/bin/sh\necho \"$# $*\" >>" + record.fileName().toUtf8());
+  browser.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+  browser.close();
+  qputenv("BROWSER", browser.fileName().toUtf8());
+  const auto opens = [&](const std::string& url) {
+    EXPECT_TRUE(Until([&] { return record.bytesAvailable() > 0; }));
+    EXPECT_EQ(record.readLine().toStdString(), "1 " + url + "\n");
+  };
+  const Desktop desktop;
   desktop.window->activateWindow();
   desktop.Settle();
   QTest::keyClick(desktop.window, Qt::Key_F1);
-  InDialogs({[](QWidget* about) {
+  opens(ManualUrl());
+  InDialogs({[&](QWidget* about) {
     auto* link = about->findChild<QLabel*>("lblWeb");
     QTest::mouseClick(link, Qt::LeftButton, {}, {5, link->height() / 2});
+    opens(WebSiteUrl());
     EXPECT_TRUE(about->isVisible());
     about->close();
   }});
   QTest::keyClick(desktop.window, Qt::Key_F2);
-  EXPECT_EQ(desktop.registry.started, (std::vector{"\"browser\" " + ManualUrl(),  //
-                                                   "\"browser\" " + WebSiteUrl()}));
-  Pick("mnuFileTray");
-  EXPECT_FALSE(desktop.window->isVisible());
-  Pick("mnuFileRestore");
-  EXPECT_TRUE(desktop.window->isVisible());
-}
-
-TEST(Windows, ATextBoxKeepsItsBytesUntilTheUserEditsIt) {
-  Desktop desktop;
-  frmNewConn dialog(desktop.real.windows, desktop.real.messageBoxes);
-  desktop.real.windows.Load(dialog);
-  dialog.txtName.SetText("B\xFCro \x80");
-  auto* edit = Widget("frmNewConn")->findChild<QLineEdit*>("txtName");
-  EXPECT_EQ(edit->text(), QString("B\u00FCro \u20AC"));
-  EXPECT_EQ(dialog.txtName.Text(), "B\xFCro \x80");
-  QTest::keyClick(edit, Qt::Key_X);
-  EXPECT_EQ(dialog.txtName.Text(), "B\u00FCro \u20ACx");
-  desktop.real.windows.Unload(dialog);
 }
 
 TEST(Windows, CloseEndsARunningPassAtOnce) {
   Desktop desktop;
   for (int row = 0; row < 5; ++row) desktop.AddRow("machine");
-  int echoes = 0;
-  desktop.network.onEcho = [&] {
+  QTimer::singleShot(0, [&] {
     EXPECT_EQ(desktop.window->cursor().shape(), Qt::BusyCursor);
-    if (++echoes == 2) QTimer::singleShot(0, desktop.window, &QWidget::close);
-  };
+    desktop.window->close();
+  });
   desktop.main.cmdCheck.Press();
-  EXPECT_EQ(echoes, 2);
-  EXPECT_EQ(desktop.grid.TextAt(2, 3), "");
+  EXPECT_EQ(desktop.Cell(2, kStatusColumn), "");
   EXPECT_FALSE(desktop.window->isVisible());
 }
 

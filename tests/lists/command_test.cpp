@@ -1,14 +1,10 @@
-#include <gtest/gtest.h>
-
 #include "support/memory_desktop.h"
 
 namespace kestrava::test {
-namespace {
 
 TEST(ListCommands, LoopUntilAFileServesOrFails) {
   const std::string magic = "ZR_Kestrava_ConnectionList\r\n";
   const std::string saved = "Connection List Successfully Saved";
-  const std::string notSaved = "Connection List Save Failed";
   const std::string notLoaded = "Connection List Load Failed";
   const auto create = &frmMain::mnuFileNew;
   const auto load = &frmMain::mnuFileLoad;
@@ -20,7 +16,7 @@ TEST(ListCommands, LoopUntilAFileServesOrFails) {
     std::string box;
     std::int32_t rows;
     std::string lastListFile;
-    int openError = 0;
+    YesNo overwrite = YesNo::Yes;
   } cases[] = {
       {create, {}, 0, "", 1, "before"},
       {load, {}, 1, "", 3, "before"},
@@ -30,7 +26,7 @@ TEST(ListCommands, LoopUntilAFileServesOrFails) {
       {load, {"short"}, 1, notLoaded, 3, "before"},
       {save, {}, 1, "", 3, "before"},
       {save, {"good"}, 1, saved, 3, "good"},
-      {save, {"new", "new"}, 1, notSaved, 3, "before", 13},
+      {save, {"good", "good", "new"}, 3, saved, 3, "new", YesNo::No},
   };
   for (const auto& expected : cases) {
     SCOPED_TRACE(testing::PrintToString(expected.choices));
@@ -40,7 +36,7 @@ TEST(ListCommands, LoopUntilAFileServesOrFails) {
                            {"bare", magic},
                            {"good", magic + "a,b,c,d,e\r\n"},
                            {"short", magic + ",,,,\nx\n"}};
-    program.files.openError = expected.openError;
+    program.desktop.overwrite = expected.overwrite;
     program.files.folder = expected.entry == load ? "/program" : "/program/Lists";
     program.fileDialog.choices = expected.choices;
     (program.window.*expected.entry).Click.Raise();
@@ -56,5 +52,4 @@ TEST(ListCommands, LoopUntilAFileServesOrFails) {
   }
 }
 
-}  // namespace
 }  // namespace kestrava::test

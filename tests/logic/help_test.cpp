@@ -1,41 +1,53 @@
-#include <gtest/gtest.h>
-
+#include "help/RegAPI.h"
 #include "support/memory_desktop.h"
 
 namespace kestrava::test {
-namespace {
+
+using namespace std::string_literals;
 
 TEST(Browser, IsTheFirstValueUpToItsQuote) {
   const MemoryRegistry::Value quoted{"", REG_SZ, "\"/usr/bin/web browser\" --new %u."};
-  const struct {
-    std::vector<MemoryRegistry::Value> values;
-    const char* started;  // nullptr for the message
-    bool exists = true;
-    bool starts = true;
-  } cases[] = {
+  const std::pair<std::vector<MemoryRegistry::Value>, const char*> cases[] = {
       {{quoted, {"x", REG_SZ, "y"}}, "\"/usr/bin/web browser\""},
       {{{"", REG_SZ, "a \"b\" c."}}, "a \""},
-      {{}, nullptr},
-      {{{"", REG_SZ, "no quote at all\""}}, nullptr},
-      {{{"", REG_DWORD, quoted.data}}, nullptr},
-      {{{std::string(260, 'n'), REG_SZ, quoted.data}}, nullptr},
-      {{quoted}, nullptr, false},
-      {{quoted}, nullptr, true, false},
+      {{}, "Invalid"},
+      {{{"", REG_SZ, "\"."}}, "Invalid"},
+      {{{"", REG_DWORD, quoted.data}, quoted}, "Invalid"},
+      {{{std::string(260, 'n'), REG_SZ, quoted.data}, quoted}, "Invalid"},
   };
-  const std::pair<std::string, MessageIcon> message = {"Unable to open URL. Install browser first!",
-                                                       MessageIcon::None};
-  for (const auto& [values, started, exists, starts] : cases) {
-    Scenario program;
-    program.registry.values = values;
-    program.registry.exists = exists;
-    program.registry.starts = starts;
-    program.window.mnuHelpCont.Click.Raise();
-    const std::string url = " http://www.kestrava.example/KVManual.html";
-    EXPECT_EQ(program.registry.started, started ? Texts{started + url} : Texts());
-    EXPECT_EQ(program.desktop.boxes, std::vector(started ? 0U : 1U, message));
-    EXPECT_EQ(program.registry.openKeys, 0);
+  for (const auto& [values, command] : cases) {
+    MemoryRegistry registry;
+    registry.values = values;
+    EXPECT_EQ(FindBrowserCommand(registry), command);
+    EXPECT_EQ(registry.openKeys, 0);
   }
 }
 
-}  // namespace
+TEST(RegistryValues, AreReadByTheirTypeUntilOneDoesNotFit) {
+  const auto negative = "\xFE\xFF\xFF\xFF"s;
+  const std::vector<std::byte> bytes{std::byte{'a'}, std::byte{0}, std::byte{0xFF}};
+  const struct {
+    MemoryRegistry::Value value;
+    decltype(RegistryValue::data) read;
+  } cases[] = {
+      {{"text", REG_SZ, "abc\0"s}, "abc"s},
+      {{"no NUL", REG_SZ, "abc"}, "ab"s},
+      {{"empty", REG_SZ, ""}, ""s},
+      {{"longest", REG_SZ, std::string(4096, 'x')}, std::string(4095, 'x')},
+      {{std::string(259, 'n'), REG_DWORD, negative}, -2},
+      {{"", 3, "a\0\xFF"s}, bytes},
+  };
+  MemoryRegistry registry;
+  for (int value = 0; value < 250; ++value) registry.values.push_back(cases[value % 6].value);
+  registry.values.push_back({"", REG_SZ, std::string(4097, 'x')});
+  registry.values.push_back(cases[0].value);
+  const auto table = RegistryValueTable(registry, HKEY_CLASSES_ROOT, "");
+  ASSERT_EQ(table.size(), 250U);
+  for (std::size_t value = 0; value < 250; ++value) {
+    EXPECT_EQ(table[value].name, cases[value % 6].value.name);
+    EXPECT_TRUE(table[value].data == cases[value % 6].read) << value;
+  }
+  EXPECT_TRUE(registry.made.find("RegOpenKeyExA") == registry.made.end());
+}
+
 }  // namespace kestrava::test

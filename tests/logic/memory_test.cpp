@@ -1,10 +1,7 @@
-#include <gtest/gtest.h>
-
 #include "settings/frmPreferences.h"
 #include "support/memory_desktop.h"
 
 namespace kestrava::test {
-namespace {
 
 using namespace std::chrono_literals;
 
@@ -65,48 +62,60 @@ TEST(Preferences, ShowWhatIsStoredAndStoreWhatIsShown) {
   EXPECT_EQ(program.window.State().NextCheckTime, "14:37");
 }
 
-TEST(Schedule, ChecksAtTheDueMinuteAndCountsFromTheEndOfThePass) {
-  Scenario program(StoredSettings{{"Interval", "1"}});
+TEST(Schedule, ChecksWhereATickMeetsTheDueMinuteOfTheClock) {
+  Scenario program;
   program.network.At("10.0.0.1") = kAnswering;
   program.Add("A", "10.0.0.1");
   int passes = 0;
   program.network.onEcho = [&] { ++passes; };
+  const auto midnight = program.clock.now - 14h;
+  const struct {
+    std::chrono::seconds clock;  // what it shows at the tick, from the first day on
+    int passes;
+    const char* next;
+  } ticks[] = {
+      {14h + 14min + 59s, 0, "14:15"},
+      {14h + 15min + 59s, 1, "14:30"},
+      {14h + 15min + 59s, 1, "14:30"},  // the same minute is due once
+      {14h + 31min, 1, "14:30"},        // late: the machine slept over the minute
+      {15h + 30min, 1, "14:30"},        // nothing is made up for
+      {24h + 14h + 30min, 2, "14:45"},  // the same reading a day later
+      {24h + 15h + 44min, 2, "14:45"},  // set forward over the minute: summer time begins
+      {24h + 14h + 45min, 3, "15:00"},  // set back onto it
+      {24h + 15h + 30s, 4, "15:15"},
+      {24h + 14h + 15min + 30s, 4, "15:15"},  // set back over it: winter time begins
+      {24h + 15h + 30s, 4, "15:15"},          // it was done
+      {24h + 15h + 15min, 5, "15:30"},
+  };
+  for (const auto& [clock, expected, next] : ticks) {
+    program.clock.now = midnight + clock;
+    program.window.tmrCheck.Tick.Raise();
+    EXPECT_EQ(passes, expected) << next;
+    EXPECT_EQ(program.window.State().NextCheckTime, next);
+  }
+}
+
+TEST(Schedule, CountsFromTheEndOfThePass) {
+  Scenario program(StoredSettings{{"Interval", "1"}});
+  program.Add("A", "10.0.0.1");
   const auto tick = [&](std::chrono::seconds later) {
     program.clock.now += later;
     program.window.tmrCheck.Tick.Raise();
   };
-  tick(59s);
-  EXPECT_EQ(passes, 0);
-  tick(40s);
-  EXPECT_EQ(passes, 1);
-  EXPECT_EQ(program.window.State().NextCheckTime, "14:02");
-  tick(10s);
-  EXPECT_EQ(passes, 1) << "the same minute is due once";
-  tick(2min);
-  EXPECT_EQ(passes, 1) << "a minute that went by is not made up for";
-  tick(24h - 1min);
-  EXPECT_EQ(passes, 2) << "the same clock reading comes again a day later";
-
-  // A pass that takes two minutes: the interval counts from its end.
-  program.network.onEcho = [&] { program.clock.now += ++passes == 3 ? 2min : 0min; };
+  program.network.onEcho = [&] { tick(2min); };
   tick(1min);
-  EXPECT_EQ(passes, 3);
-  EXPECT_EQ(program.window.State().NextCheckTime, "14:06");
+  EXPECT_EQ(program.window.State().NextCheckTime, "14:04");
 
   // The due minute falls into a pass that the user began: that pass is taken as the timed one.
-  program.network.onEcho = [&] {
-    ++passes;
-    tick(1min);
-  };
+  program.network.onEcho = [&] { tick(1min); };
   program.window.cmdCheck.Press();
-  EXPECT_EQ(passes, 4);
-  EXPECT_EQ(program.window.State().NextCheckTime, "14:07");
+  EXPECT_EQ(program.network.attempts.size(), 2U) << "one for each pass";
+  EXPECT_EQ(program.window.State().NextCheckTime, "14:05");
 
   // With an empty table the due time moves on all the same.
   program.window.grdServers.SetRows(1);
   tick(1min);
-  EXPECT_EQ(program.window.State().NextCheckTime, "14:08");
+  EXPECT_EQ(program.window.State().NextCheckTime, "14:06");
 }
 
-}  // namespace
 }  // namespace kestrava::test

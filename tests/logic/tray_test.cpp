@@ -1,14 +1,11 @@
-#include <gtest/gtest.h>
-
 #include "support/memory_desktop.h"
 #include "tray/failure_report.h"
 
 namespace kestrava::test {
-namespace {
 
 const StoredSettings kInTray = {{"Tray", "1"}};
 
-NOTIFYICONDATA Record(std::int32_t flags) {
+static NOTIFYICONDATA Record(std::int32_t flags) {
   NOTIFYICONDATA record{};
   record.cbSize = 504;
   record.hWnd = MemoryShell::kWindow;
@@ -19,7 +16,7 @@ NOTIFYICONDATA Record(std::int32_t flags) {
 
 /// Fills a field as the record holds it: text, one NUL, blanks.
 template <std::size_t kWidth>
-void Put(std::string text, char (&field)[kWidth]) {
+static void Put(std::string text, char (&field)[kWidth]) {
   text += '\0';
   text.resize(std::max(kWidth, text.size()), ' ');
   text.copy(field, kWidth);
@@ -79,41 +76,10 @@ TEST(TrayMessages, AnswersTheIconAndHandsOnTheRest) {
   EXPECT_EQ(shell.procedure(kWindow, 32789, 0, 0x405), 0);
   EXPECT_FALSE(program.window.State().InTray);
 
-  EXPECT_EQ(shell.procedure(kWindow, 32789, 0, 0x205), 0);
-  EXPECT_EQ(shell.calls, (Texts{"front 4711", "popup mnufile mnuFileRestore"}));
   // Exit picked in the menu: the hook goes while its procedure is still running.
   shell.onPopup = [&] { program.window.mnuFileExit.Click.Raise(); };
   EXPECT_EQ(shell.procedure(kWindow, 32789, 0, 0x205), 0);
-  EXPECT_EQ(shell.calls.back(), "proc 100");
-  shell.onPopup = [] { throw RuntimeError(1, "no menu"); };
-  EXPECT_EQ(shell.procedure(kWindow, 32789, 0, 0x205), 0);
-}
-
-TEST(TrayMode, HidesTheWindowAndShortensTheMenu) {
-  const auto menu = [](const frmMain& window) {
-    std::string visible;
-    for (const MenuEntry* entry : window.Menu()) {
-      const std::string name = entry->Spec().name;
-      if (name.starts_with("mnuFile") && entry->Visible()) visible += name.substr(7) + " ";
-    }
-    return visible;
-  };
-  const char* normal = "New Brk1 Load Save Brk2 Auto Brk3 Tray Brk4 Exit ";
-  Scenario program;
-  EXPECT_EQ(menu(program.window), normal);
-  for (const bool minimizes : {false, true}) {
-    if (minimizes) program.window.SetWindowState(WindowState::Minimized);
-    (minimizes ? program.window.Resize : program.window.mnuFileTray.Click).Raise();
-    EXPECT_TRUE(program.window.State().InTray);
-    EXPECT_FALSE(program.window.Visible());
-    EXPECT_EQ(menu(program.window), "Restore Brk4 Exit ");
-    program.window.mnuFileRestore.Click.Raise();
-    EXPECT_FALSE(program.window.State().InTray);
-    EXPECT_TRUE(program.window.Visible());
-    EXPECT_EQ(program.window.WindowState(), WindowState::Normal);
-    EXPECT_EQ(menu(program.window), normal);
-  }
-  EXPECT_FALSE(Scenario(StoredSettings{{"Tray", "-1"}}).window.State().InTray);
+  EXPECT_EQ(shell.calls, (Texts{"front 4711", "popup mnufile mnuFileRestore", "proc 100"}));
 }
 
 TEST(Reports, NameTheOneFailureOrCountThem) {
@@ -126,5 +92,4 @@ TEST(Reports, NameTheOneFailureOrCountThem) {
   for (const auto& [names, text] : cases) EXPECT_EQ(FailureReport(names), text);
 }
 
-}  // namespace
 }  // namespace kestrava::test

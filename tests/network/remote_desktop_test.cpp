@@ -1,21 +1,20 @@
 #include <chrono>
 #include <poll.h>
-#include <thread>
 
 #include "platform/linux/linux_remote_desktop.h"
 #include "platform/runtime_error.h"
 #include "support/network_namespace.h"
-#include "support/test_server.h"
 
 namespace kestrava::test {
-namespace {
 
 using namespace std::literals;
 using std::chrono::steady_clock;
 
-const std::string kBare = "\3\0\0\13\6\xD0\0\0\x12\x34\0"s;
-const std::string kConfirm = "\3\0\0\23\16\xD0\0\0\x12\x34\0\2\1\10\0\1\0\0\0"s;
-const std::string kFailure = "\3\0\0\23\16\xD0\0\0\x12\x34\0\3\0\10\0\5\0\0\0"s;
+// What peers say, in hexadecimal digits.
+const std::string kBare = "0300000b06d00000123400";
+const std::string kConfirm = "030000130ed000001234000201080001000000";
+const std::string kFailure = "030000130ed000001234000301080005000000";
+const std::string kNotRdp = "5353482d322e302d780d0a";
 
 class RemoteDesktopPeers : public NetworkTest {
  protected:
@@ -40,24 +39,25 @@ class RemoteDesktopPeers : public NetworkTest {
 
 TEST_F(RemoteDesktopPeers, EachHasItsOutcomeInBoundedTime) {
   LinuxRemoteDesktop control;
-  for (const Manner& manner :
-       std::vector<Manner>{{0, "SSH-2.0-x\r\n", Manner::Stays},
-                           {0, kConfirm, Manner::Stays, 400ms},
-                           {0, kConfirm + std::string(9999999, '\0'), Manner::Stays},
-                           {0, "\3\0\0\13\6\xE0\0\0\x12\x34\0"s, Manner::Stays},
-                           {0, "\3\0\0\13\7\xD0\0\0\x12\x34\0"s, Manner::Stays},
-                           {0, "", Manner::Stays},
-                           {kErrorPeerDropped, "", Manner::Closes},
-                           {kErrorPeerDropped, kConfirm.substr(0, 9), Manner::Closes},
-                           {kErrorPeerDropped, "", Manner::Resets},
-                           {1, kFailure, Manner::Closes},
-                           {1, kBare, Manner::Stays, 5ms}}) {
+  const struct {
+    int outcome;  // what `Connected` reads after the attempt, or the number of its error
+    std::string end, words, pause = "0";
+  } manners[] = {{0, "stays", kNotRdp},
+                 {0, "stays", kConfirm, "0.4"},
+                 {0, "floods", kConfirm},
+                 {0, "stays", ""},
+                 {kErrorPeerDropped, "closes", ""},
+                 {kErrorPeerDropped, "closes", kConfirm.substr(0, 18)},
+                 {kErrorPeerDropped, "resets", ""},
+                 {1, "closes", kFailure},
+                 {1, "stays", kBare, "0.005"}};
+  for (const auto& [outcome, end, words, pause] : manners) {
     {
-      const TestServer server(manner);
-      EXPECT_EQ(Attempt(control, kPeer), manner.outcome) << manner.words.substr(0, 20);
+      const PeerProgram server({"peer.py", end, words, pause});
+      EXPECT_EQ(Attempt(control, kPeer), outcome) << end << words;
       control.Disconnect();
     }
-    const TestServer server({1, kConfirm, Manner::Stays});
+    const PeerProgram server({"peer.py", "stays", kConfirm, "0"});
     control.SetServer(kSilentHost);
     control.Connect();
     EXPECT_EQ(Attempt(control, kPeer), 1) << "in place of the attempt before";
@@ -72,5 +72,4 @@ TEST_F(RemoteDesktopPeers, EachHasItsOutcomeInBoundedTime) {
   }
 }
 
-}  // namespace
 }  // namespace kestrava::test

@@ -1,18 +1,16 @@
 #pragma once
 
 #include <algorithm>
+#include <arpa/inet.h>
+#include <array>
 #include <chrono>
 #include <cstring>
-#include <deque>
-#include <functional>
-#include <map>
+#include <gtest/gtest.h>
 #include <set>
 #include <span>
-#include <string>
-#include <utility>
-#include <vector>
 
 #include "editing/frmNewConn.h"
+#include "editing/frmRemoveconn.h"
 #include "monitor/frmMain.h"
 #include "platform/clock.h"
 #include "platform/event_loop.h"
@@ -23,7 +21,6 @@
 #include "platform/prompt_box.h"
 #include "platform/registry.h"
 #include "platform/remote_desktop.h"
-#include "platform/runtime_error.h"
 #include "platform/settings_store.h"
 #include "platform/version_info.h"
 #include "platform/window_messages.h"
@@ -38,15 +35,6 @@ using Act = std::function<void()>;
 
 using Texts = std::vector<std::string>;
 
-/// Takes the first of what is to come; a plain `Item` if nothing is left.
-template <typename Item>
-Item Next(std::deque<Item>& items) {
-  if (items.empty()) return {};
-  Item item = std::move(items.front());
-  items.pop_front();
-  return item;
-}
-
 /// Windows, message boxes and the event loop without a screen. A scripted user acts in the turns.
 class MemoryDesktop : public WindowSystem,
                       public EventLoop,
@@ -60,7 +48,11 @@ class MemoryDesktop : public WindowSystem,
   void Show(Form& form) override { form.SetVisible(true); }
   void ShowModal(Form& form) override {
     form.SetVisible(true);
-    if (const auto act = Next(dialogs)) act(form);
+    if (!dialogs.empty()) {
+      const auto act = std::move(dialogs.front());
+      dialogs.pop_front();
+      act(form);
+    }
     form.SetVisible(false);
   }
   void Unload(Form& form) override {
@@ -82,19 +74,16 @@ class MemoryDesktop : public WindowSystem,
   }
 
   void MsgBox(const std::string& text, MessageIcon icon) override { boxes.push_back({text, icon}); }
-  YesNo AskYesNo(const std::string&, const std::string&) override { return YesNo::Yes; }
-  std::string InputBox(const std::string& prompt, const std::string& title,
-                       const std::string& text) override {
-    questions.push_back(title + ": " + prompt + ": " + text);
-    const auto act = Next(prompts);
-    return act ? act() : "";
+  YesNo AskYesNo(const std::string&, const std::string&) override { return overwrite; }
+  std::string InputBox(const std::string&, const std::string&, const std::string&) override {
+    return onPrompt();
   }
 
   std::set<Form*> loaded;
   std::deque<std::function<void(Form&)>> dialogs;  ///< what the user does in each dialog to come
   std::vector<std::pair<std::string, MessageIcon>> boxes;
-  std::deque<std::function<std::string()>> prompts;  ///< the user's answers to come
-  Texts questions;                                   ///< of the prompts
+  YesNo overwrite = YesNo::Yes;           ///< the user's answer to the one question
+  std::function<std::string()> onPrompt;  ///< gives the user's answer
   Act onTurn;
   long turns = 0;
   bool ended = false;
@@ -114,36 +103,49 @@ struct Machine {
 inline constexpr Machine kAnswering{.dataSize = 9, .roundTripTime = 1, .status = 0};
 
 /// A scripted network: the echo service, the socket layer and the Remote Desktop control.
-class MemoryNetwork : public IcmpService, public WindowsSockets, public MsRdpClient2 {
+class MemoryNetwork : public Faulty,
+                      public IcmpService,
+                      public WindowsSockets,
+                      public MsRdpClient2 {
  public:
   explicit MemoryNetwork(const MemoryDesktop& desktop) : desktop_(desktop) {}
 
-  IcmpHandle IcmpCreateFile() override { return calls.push_back("create"), 77; }
-  std::uint32_t IcmpSendEcho(IcmpHandle, std::int32_t address, std::string_view data,
+  IcmpHandle IcmpCreateFile() override {
+    calls.push_back("create");
+    return Fails("IcmpCreateFile") ? kNoHandle : 77;
+  }
+  std::uint32_t IcmpSendEcho(IcmpHandle handle, std::int32_t address, std::string_view data,
                              const IP_OPTION_INFORMATION* options, EchoReply& reply,
                              std::uint32_t replySize, std::uint32_t timeout) override {
     calls.push_back("echo " + std::string(data) + " " + std::to_string(timeout) + " " +
                     std::to_string(replySize) + (options ? " options" : ""));
     if (onEcho) onEcho();
-    const Machine& machine = At(AddressText(address));
+    const bool fails = Fails("IcmpSendEcho") || handle == kNoHandle;
+    const Machine machine =
+        fails ? Machine{.status = 11050} : At(inet_ntoa({static_cast<in_addr_t>(address)}));
     reply.DataSize = machine.dataSize;
     reply.RoundTripTime = machine.roundTripTime;
     reply.Status = machine.status;
     return machine.dataSize > 0 ? 1 : 0;
   }
   bool IcmpCloseHandle(IcmpHandle handle) override {
-    return calls.push_back("close " + std::to_string(handle)), true;
+    calls.push_back("close " + std::to_string(handle));
+    return !Fails("IcmpCloseHandle");
   }
 
   int WSAStartup(std::uint16_t version, WSADATA& data) override {
     calls.push_back("start " + std::to_string(version));
     data.wVersion = socketVersion;
     data.iMaxSockets = maxSockets;
-    return startResult;
+    return Fails("WSAStartup") ? 1 : 0;
   }
-  int WSACleanup() override { return calls.push_back("cleanup"), cleanupResult; }
+  int WSACleanup() override {
+    calls.push_back("cleanup");
+    return Fails("WSACleanup") ? -1 : 0;
+  }
 
   std::int16_t Connected() override {
+    MayRaise("Connected");
     if (std::exchange(dropPending_, false)) {
       state_ = 0;
       throw RuntimeError(kErrorPeerDropped, "the peer dropped the connection");
@@ -152,8 +154,12 @@ class MemoryNetwork : public IcmpService, public WindowsSockets, public MsRdpCli
     if (state_ == 3 && !lingers_) state_ = 0;
     return state_;
   }
-  void SetServer(const std::string& server) override { server_ = server; }
+  void SetServer(const std::string& server) override {
+    MayRaise("SetServer");
+    server_ = server;
+  }
   void Connect() override {
+    MayRaise("Connect");
     Machine& machine = At(server_);
     attempts.push_back(server_);
     if (machine.connectError != 0) throw RuntimeError(machine.connectError, "refused to connect");
@@ -162,7 +168,11 @@ class MemoryNetwork : public IcmpService, public WindowsSockets, public MsRdpCli
     lingers_ = machine.lingers;
     connectTurn_ = desktop_.turns + machine.connectsAfter;
   }
-  void Disconnect() override { ++disconnects, state_ = 3; }
+  void Disconnect() override {
+    MayRaise("Disconnect");
+    ++disconnects;
+    state_ = 3;
+  }
 
   Machine& At(const std::string& address) { return machines[address]; }
 
@@ -173,17 +183,10 @@ class MemoryNetwork : public IcmpService, public WindowsSockets, public MsRdpCli
   Act onEcho;
   std::uint16_t socketVersion = 0x101;
   std::int16_t maxSockets = 1024;
-  int startResult = 0;
-  int cleanupResult = 0;
-
-  static std::string AddressText(std::int32_t address) {
-    const auto part = [bits = static_cast<std::uint32_t>(address)](int shift) {
-      return std::to_string(bits >> shift & 0xFF);
-    };
-    return part(0) + "." + part(8) + "." + part(16) + "." + part(24);
-  }
 
  private:
+  static constexpr IcmpHandle kNoHandle = -1;
+
   const MemoryDesktop& desktop_;
   std::string server_;
   std::int16_t state_ = 0;  // 3 stands for a connection that is being dropped
@@ -203,12 +206,12 @@ class TestClock : public Clock {
 /// Texts by their keys.
 using StoredSettings = std::map<std::string, std::string>;
 
-class MemorySettings : public SettingsStore {
+class MemorySettings : public Faulty, public SettingsStore {
  public:
   std::string ReadSetting(const std::string& section, const std::string& key,
                           const std::string& defaultValue) override {
     const auto found = values.find(section + "/" + key);
-    return found == values.end() ? defaultValue : found->second;
+    return Fails("ReadSetting") || found == values.end() ? defaultValue : found->second;
   }
   void WriteSetting(const std::string& section, const std::string& key,
                     const std::string& value) override {
@@ -221,7 +224,10 @@ class MemorySettings : public SettingsStore {
 };
 
 /// A notification area that keeps what it was told, the shell's version, and the window's messages.
-class MemoryShell : public NotificationArea, public VersionInfo, public WindowMessages {
+class MemoryShell : public Faulty,
+                    public NotificationArea,
+                    public VersionInfo,
+                    public WindowMessages {
  public:
   static constexpr std::int32_t kWindow = 4711;
   static constexpr std::int32_t kIcon = 4712;
@@ -229,29 +235,35 @@ class MemoryShell : public NotificationArea, public VersionInfo, public WindowMe
   static constexpr std::int32_t kHook = 101;
 
   std::int32_t Shell_NotifyIconA(std::int32_t message, const NOTIFYICONDATA& record) override {
+    if (Fails("Shell_NotifyIconA")) return 0;
     told.emplace_back(message, record);
     return 1;
   }
 
   std::int32_t GetFileVersionInfoSizeA(const std::string& file) override {
-    return file == "shell32.dll" ? 52 : 0;
+    return file == "shell32.dll" && !Fails("GetFileVersionInfoSizeA") ? 52 : 0;
   }
   std::int32_t GetFileVersionInfoA(const std::string&, std::span<std::byte> buffer) override {
+    if (Fails("GetFileVersionInfoA")) return 0;
     buffer[10] = std::byte{6};
-    return 0;
+    return 1;
   }
   std::int32_t VerQueryValueA(std::span<const std::byte> buffer, const std::string& block,
                               std::span<const std::byte>& found) override {
     found = buffer;
-    return block == "\\" ? 1 : 0;
+    return block == "\\" && !Fails("VerQueryValueA") ? 1 : 0;
   }
 
   std::int32_t WindowHandle(const Form&) const override { return kWindow; }
   std::int32_t IconHandle(const Form&) const override { return kIcon; }
-  std::int32_t AddressOf(WindowProc hook) override { return procedure = std::move(hook), kHook; }
+  std::int32_t AddressOf(WindowProc hook) override {
+    hook_ = std::move(hook);
+    return kHook;
+  }
   std::int32_t SetWindowLongA(std::int32_t hWnd, int index, std::int32_t address) override {
-    if (hWnd != kWindow || index != GWL_WNDPROC) return 0;
+    if (hWnd != kWindow || index != GWL_WNDPROC || Fails("SetWindowLongA")) return 0;
     calls.push_back("proc " + std::to_string(address));
+    if (address == kHook) procedure = hook_;
     return kFirstProcedure;
   }
   std::int32_t CallWindowProcA(std::int32_t address, std::int32_t hWnd, std::int32_t uMsg,
@@ -259,9 +271,11 @@ class MemoryShell : public NotificationArea, public VersionInfo, public WindowMe
     return address + hWnd + uMsg + wParam + lParam;
   }
   void SetForegroundWindow(std::int32_t hWnd) override {
+    MayRaise("SetForegroundWindow");
     calls.push_back("front " + std::to_string(hWnd));
   }
   void PopupMenu(Form&, const MenuEntry& menu, const MenuEntry& defaultEntry) override {
+    MayRaise("PopupMenu");
     calls.push_back(std::string("popup ") + menu.Spec().name + " " + defaultEntry.Spec().name);
     if (onPopup) onPopup();
   }
@@ -269,10 +283,13 @@ class MemoryShell : public NotificationArea, public VersionInfo, public WindowMe
   Texts calls;
   WindowProc procedure;  ///< what answers the desktop's messages to the window
   Act onPopup;
+
+ private:
+  WindowProc hook_;
 };
 
 /// A registry with one key, and programs that are only noted.
-class MemoryRegistry : public Registry, public Processes {
+class MemoryRegistry : public Faulty, public Registry, public Processes {
  public:
   struct Value {
     std::string name;
@@ -282,7 +299,7 @@ class MemoryRegistry : public Registry, public Processes {
   std::int32_t RegOpenKeyExA(std::int32_t key, const std::string& name, std::int32_t,
                              std::int32_t access, std::int32_t& opened) override {
     const bool known = key == HKEY_CLASSES_ROOT && name == "http\\shell\\open\\command";
-    if (!known || access != KEY_READ || !exists) return ERROR_FILE_NOT_FOUND;
+    if (!known || access != KEY_READ || Fails("RegOpenKeyExA")) return ERROR_FILE_NOT_FOUND;
     ++openKeys;
     opened = 5;
     return ERROR_SUCCESS;
@@ -290,7 +307,8 @@ class MemoryRegistry : public Registry, public Processes {
   std::int32_t RegEnumValueA(std::int32_t, std::int32_t index, std::span<char> name,
                              std::int32_t& nameLength, std::int32_t& type,
                              std::span<std::byte> data, std::int32_t& dataLength) override {
-    if (index >= static_cast<std::int32_t>(values.size())) return ERROR_NO_MORE_ITEMS;
+    const bool fails = Fails("RegEnumValueA");
+    if (fails || index >= static_cast<std::int32_t>(values.size())) return ERROR_NO_MORE_ITEMS;
     const Value& value = values[static_cast<std::size_t>(index)];
     if (value.name.size() >= name.size() || value.data.size() > data.size()) return ERROR_MORE_DATA;
     value.name.copy(name.data(), name.size());
@@ -300,17 +318,18 @@ class MemoryRegistry : public Registry, public Processes {
     type = value.type;
     return ERROR_SUCCESS;
   }
-  std::int32_t RegCloseKey(std::int32_t) override { return --openKeys, ERROR_SUCCESS; }
+  std::int32_t RegCloseKey(std::int32_t) override {
+    --openKeys;
+    return Fails("RegCloseKey") ? ERROR_FILE_NOT_FOUND : ERROR_SUCCESS;
+  }
 
   void Start(const std::string& commandLine) override {
-    if (!starts) throw RuntimeError(2, "no such program");
+    MayRaise("Start");
     started.push_back(commandLine);
   }
 
-  bool exists = true;
   std::vector<Value> values;
   int openKeys = 0;
-  bool starts = true;
   Texts started;
 };
 
@@ -324,30 +343,20 @@ struct Scenario {
   MemoryRegistry registry;
   MemoryFiles files;
   ScriptedDialog fileDialog;
-  frmMain window{Platform{.windows = desktop,
-                          .eventLoop = desktop,
-                          .messageBoxes = desktop,
-                          .promptBoxes = desktop,
-                          .commonDialog = fileDialog,
-                          .clock = clock,
-                          .icmp = network,
-                          .sockets = network,
-                          .rdp = network,
-                          .settings = settings,
-                          .fileSystem = files,
-                          .notificationArea = shell,
-                          .versions = shell,
-                          .messages = shell,
-                          .registry = registry,
-                          .processes = registry,
-                          .programFolder = "/program"}};
+  frmMain window{Platform{desktop, desktop, desktop, desktop, fileDialog, clock, network, network,
+                          network, settings, files, shell, shell, shell, registry, registry,
+                          "/program"}};
 
   /// @param stored the settings that an earlier run left behind, by key.
-  explicit Scenario(const StoredSettings& stored = {}) {
+  explicit Scenario(const StoredSettings& stored = {}, const Fault& fault = {}) {
+    for (Faulty* part : Parts()) part->fault = fault;
     for (const auto& [key, value] : stored) settings.values["Preferences/" + key] = value;
     desktop.Load(window);
     if (!window.State().InTray) desktop.Show(window);
   }
+
+  /// All that can fail.
+  std::array<Faulty*, 5> Parts() { return {&network, &settings, &shell, &registry, &files}; }
 
   std::string Cell(int row, int col) const { return window.grdServers.TextAt(row, col); }
   int Rows() const { return window.grdServers.Rows(); }
@@ -367,6 +376,17 @@ struct Scenario {
       dialog.cmdSave.Press();
     });
     window.cmdAdd.Press();
+  }
+
+  /// Marks rows in the removal dialog and presses Delete.
+  void Remove(const std::function<bool(int row)>& isMarked) {
+    InNext<frmRemoveconn>([&](frmRemoveconn& dialog) {
+      for (int entry = 0; entry < dialog.lstConnections.ListCount(); ++entry) {
+        dialog.lstConnections.SetSelected(entry, isMarked(entry + 1));
+      }
+      dialog.cmdDelete.Press();
+    });
+    window.cmdRemove.Press();
   }
 };
 

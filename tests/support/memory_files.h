@@ -3,6 +3,7 @@
 #include <deque>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/common_dialog.h"
@@ -11,42 +12,69 @@
 
 namespace kestrava::test {
 
+/// One call that fails.
+struct Fault {
+  std::string call;
+  int time = 0;  ///< which call of that name it is, counted from 1
+};
+
+/// A stand-in for a part of the platform. Each of its calls that can fail, fails where it is told.
+class Faulty {
+ public:
+  Fault fault;
+  std::map<std::string_view, int> made;  ///< how often each of the calls was made
+
+ protected:
+  bool Fails(std::string_view call) { return ++made[call] == fault.time && call == fault.call; }
+  void MayRaise(std::string_view call) {
+    if (Fails(call)) throw RuntimeError(kErrorInvalidCall, "failed on purpose");
+  }
+};
+
 /// Files without a disk.
-class MemoryFiles : public FileSystemObject {
+class MemoryFiles : public Faulty, public FileSystemObject {
  public:
   bool FileExists(const std::string& name) override { return files.contains(name); }
   bool FolderExists(const std::string& name) override { return name == folder; }
-  void DeleteFile(const std::string& name, ReadOnlyFile) override { files.erase(name); }
+  void DeleteFile(const std::string& name, ReadOnlyFile) override {
+    MayRaise("DeleteFile");
+    files.erase(name);
+  }
   std::unique_ptr<TextStream> OpenTextFile(const std::string& name) override {
-    if (openError != 0) throw RuntimeError(openError, "refused");
-    return std::make_unique<Stream>(files[name] = "");
+    MayRaise("OpenTextFile");
+    return std::make_unique<Stream>(*this, files[name] = "");
   }
   std::unique_ptr<TextReader> OpenForReading(const std::string& name) override {
+    MayRaise("OpenForReading");
     if (!FileExists(name)) throw RuntimeError(2, "missing");
-    return std::make_unique<Reader>(files[name], chunk);
+    return std::make_unique<Reader>(*this, files[name]);
   }
 
   std::map<std::string, std::string> files;  ///< contents by name
   std::string folder;                        ///< the one that exists
   std::size_t chunk = 4096;                  ///< bytes that a reader is given at a time
-  int openError = 0;  ///< number of the error that opening for writing raises, 0 for none
 
  private:
   struct Stream : TextStream {
-    explicit Stream(std::string& file) : file_(file) {}
-    void WriteLine(std::string_view text) override { file_.append(text).append("\r\n"); }
-    void Close() override {}
+    Stream(MemoryFiles& all, std::string& file) : all_(all), file_(file) {}
+    void WriteLine(std::string_view text) override {
+      all_.MayRaise("WriteLine");
+      file_.append(text).append("\r\n");
+    }
+    void Close() override { all_.MayRaise("Close"); }
+    MemoryFiles& all_;
     std::string& file_;
   };
   struct Reader : TextReader {
-    Reader(std::string_view rest, std::size_t chunk) : rest_(rest), chunk_(chunk) {}
+    Reader(MemoryFiles& all, std::string_view rest) : all_(all), rest_(rest) {}
     std::size_t Read(std::span<char> buffer) override {
-      const std::size_t count = rest_.copy(buffer.data(), std::min(chunk_, buffer.size()));
+      all_.MayRaise("Read");
+      const std::size_t count = rest_.copy(buffer.data(), std::min(all_.chunk, buffer.size()));
       rest_.remove_prefix(count);
       return count;
     }
+    MemoryFiles& all_;
     std::string_view rest_;
-    std::size_t chunk_;
   };
 };
 

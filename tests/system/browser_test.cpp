@@ -15,7 +15,6 @@
 #include "platform/runtime_error.h"
 
 namespace kestrava::test {
-namespace {
 
 namespace fs = std::filesystem;
 
@@ -105,5 +104,4 @@ TEST_F(Browser, StartsWithOneArgumentAndNothingOfOurs) {
   }
 }
 
-}  // namespace
 }  // namespace kestrava::test

@@ -3,37 +3,32 @@
 #include <QMenu>
 #include <QRegularExpression>
 #include <QStandardPaths>
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include "desktop/desktop.h"
 #include "hosts.h"
 #include "platform/qt/tray/notify_icon_text.h"
 
 namespace kestrava::test {
-namespace {
 
 const QString kFailed =
     "Kestrava failed to communicate with the <b>& Connection\nClick Here to See More Information";
 constexpr auto kEmbedded = "QSystemTrayIconSys";
 constexpr auto kStandIn = "trayStandIn";
 
-bool Until(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, 8000); }
-bool Shows(const QString& window) { return VisibleWindows().contains(window); }
-bool UntilShown(const QString& window) {
+static bool Shows(const QString& window) { return VisibleWindows().contains(window); }
+static bool UntilShown(const QString& window) {
   return Until([&] { return Shows(window); });
 }
-bool UntilGone(const QString& window) {
+static bool UntilGone(const QString& window) {
   return Until([&] { return !Shows(window); });
 }
 
 /// The main window, started in the tray, with one dead row.
 struct TrayDesktop : Desktop {
-  TrayDesktop() : Desktop({{"Preferences/Tray", "1"}, {"Preferences/Tips", "1"}}) {
+  TrayDesktop() : Desktop("1") {
     pulse.callOnTimeout([this] { slowest = std::max(slowest, sinceBeat.restart()); });
     pulse.start(10);
-    AddRow("<b>&", "127.0.0.9");
+    AddRow("<b>&");
     EXPECT_FALSE(Shows("frmMain"));
   }
   ~TrayDesktop() { EXPECT_LT(slowest, 1000) << "something held up the event loop"; }
@@ -65,8 +60,8 @@ struct TrayDesktop : Desktop {
   qint64 slowest = 0;
 };
 
-class Tray : public testing::Test {
- protected:
+/// Each test needs a process of its own, as the toolkit can be started only once.
+struct Tray : testing::Test {
   void SetUp() override {
     for (const char* program : {"Xvfb", "xdotool", "trayer", "dbus-daemon"}) {
       if (QStandardPaths::findExecutable(program).isEmpty()) GTEST_SKIP() << "no " << program;
@@ -74,96 +69,80 @@ class Tray : public testing::Test {
     qputenv("QT_QPA_PLATFORM", "xcb");
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
   }
-  /// The toolkit can be started once in a process, so each desktop gets one of its own.
-  static void Apart(const std::function<void()>& test) {
-    const pid_t child = fork();
-    if (child == 0) {
-      test();
-      std::fflush(nullptr);
-      std::_Exit(HasFailure());
-    }
-    int status = -1;
-    waitpid(child, &status, 0);
-    EXPECT_EQ(status, 0);
-  }
 };
 
 TEST_F(Tray, AnEmbeddingTrayThatComesAndGoesWithoutABus) {
-  Apart([] {
-    const Screen screen;
-    TrayDesktop desktop;
-    ASSERT_TRUE(UntilShown(kStandIn));
-    auto tray = std::make_unique<Program>("trayer", QStringList{"--edge", "top"});
-    ASSERT_TRUE(UntilShown(kEmbedded) && UntilGone(kStandIn));
-    desktop.main.cmdCheck.Press();
-    EXPECT_TRUE(UntilShown("balloon"));
-    EXPECT_TRUE(UntilGone("balloon")) << "it closes by itself";
-    desktop.main.cmdCheck.Press();
-    desktop.ExpectOwnBalloonThatRestores();
-    desktop.main.mnuFileTray.Click.Raise();
+  const Screen screen;
+  TrayDesktop desktop;
+  ASSERT_TRUE(UntilShown(kStandIn));
+  auto tray = std::make_unique<Program>("trayer", QStringList{"--edge", "top"});
+  ASSERT_TRUE(UntilShown(kEmbedded) && UntilGone(kStandIn));
+  desktop.main.cmdCheck.Press();
+  EXPECT_TRUE(UntilShown("balloon"));
+  EXPECT_TRUE(UntilGone("balloon")) << "it closes by itself";
+  desktop.main.cmdCheck.Press();
+  desktop.ExpectOwnBalloonThatRestores();
+  desktop.main.mnuFileTray.Click.Raise();
 
-    QTest::qWait(500);
-    const QPoint icon = Widget(kEmbedded)->mapToGlobal(QPoint(5, 5));
-    InDialogs({[&](QWidget* menu) {
-      tray.reset();
-      EXPECT_TRUE(UntilShown(kStandIn)) << "the tray dies while the menu is open";
-      menu->close();
-    }});
-    const Program rightClick("xdotool", {"mousemove", QString::number(icon.x()),
-                                         QString::number(icon.y()), "click", "3"});
-    ASSERT_TRUE(UntilShown(kStandIn));
-    desktop.ExpectExitFromMenu([&] {
-      QContextMenuEvent event(QContextMenuEvent::Mouse, {}, {});
-      QApplication::sendEvent(Widget(kStandIn), &event);
-    });
+  QTest::qWait(500);
+  const QPoint icon = Widget(kEmbedded)->mapToGlobal(QPoint(5, 5));
+  InDialogs({[&](QWidget* menu) {
+    tray.reset();
+    EXPECT_TRUE(UntilShown(kStandIn)) << "the tray dies while the menu is open";
+    menu->close();
+  }});
+  const Program rightClick(
+      "xdotool", {"mousemove", QString::number(icon.x()), QString::number(icon.y()), "click", "3"});
+  ASSERT_TRUE(UntilShown(kStandIn));
+  desktop.ExpectExitFromMenu([&] {
+    QContextMenuEvent event(QContextMenuEvent::Mouse, {}, {});
+    QApplication::sendEvent(Widget(kStandIn), &event);
   });
 }
 
 TEST_F(Tray, AStatusNotifierHostAndANotificationService) {
-  Apart([] {
-    const Bus bus;
-    const Screen screen;
-    Services services;
+  const Bus bus;
+  const Screen screen;
+  Services services;
+  services.bus.registerService(services.kNotifications);
+  TrayDesktop desktop;
+  ASSERT_TRUE(UntilShown(kStandIn));
+  services.bus.registerService(services.kTray);
+  ASSERT_TRUE(UntilGone(kStandIn));
+  desktop.main.cmdCheck.Press();
+  EXPECT_TRUE(Until([&] { return services.Shows(); }));
+  EXPECT_EQ(services.notifications.shown, "default: Kestrava: " + kFailed.toHtmlEscaped());
+  services.Click();
+  EXPECT_TRUE(UntilShown("frmMain"));
+  EXPECT_TRUE(Until([&] { return !services.Shows(); })) << "it closes by itself";
+  EXPECT_FALSE(Shows("balloon"));
+
+  desktop.main.mnuFileTray.Click.Raise();
+  const QString menu = services.Call("/MenuBar", "GetLayout", {0, -1, QStringList()});
+  const QRegularExpression visible(R"re(: "([^"]*)"], "visible" = \[Variant\(bool\): true)re");
+  QString entries;
+  for (const auto& entry : visible.globalMatch(menu)) entries += entry.captured(1) + '|';
+  EXPECT_EQ(entries.toStdString(), "Restore Kestrava|separator|E_xit|") << menu.toStdString();
+  desktop.ExpectExitFromMenu([&] { services.Call("/StatusNotifierItem", "ContextMenu", {0, 0}); });
+}
+
+struct TrayWithFault : Tray, testing::WithParamInterface<const char*> {};
+
+TEST_P(TrayWithFault, ABalloonOfItsOwnWhereTheNotificationServiceFails) {
+  const Bus bus;
+  const Screen screen;
+  Services services;
+  services.notifications.silentAt = GetParam();
+  if (services.notifications.silentAt != "absent") {
     services.bus.registerService(services.kNotifications);
-    TrayDesktop desktop;
-    ASSERT_TRUE(UntilShown(kStandIn));
-    services.bus.registerService(services.kTray);
-    ASSERT_TRUE(UntilGone(kStandIn));
-    desktop.main.cmdCheck.Press();
-    EXPECT_TRUE(Until([&] { return services.Shows(); }));
-    EXPECT_EQ(services.notifications.shown, "default: Kestrava: " + kFailed.toHtmlEscaped());
-    services.Click();
-    EXPECT_TRUE(UntilShown("frmMain"));
-    EXPECT_TRUE(Until([&] { return !services.Shows(); })) << "it closes by itself";
-    EXPECT_FALSE(Shows("balloon"));
-
-    desktop.main.mnuFileTray.Click.Raise();
-    const QString menu = services.Call("/MenuBar", "GetLayout", {0, -1, QStringList()});
-    const QRegularExpression visible(R"re(: "([^"]*)"], "visible" = \[Variant\(bool\): true)re");
-    QString entries;
-    for (const auto& entry : visible.globalMatch(menu)) entries += entry.captured(1) + '|';
-    EXPECT_EQ(entries.toStdString(), "Restore Kestrava|separator|E_xit|") << menu.toStdString();
-    desktop.ExpectExitFromMenu([&] {
-      services.Call("/StatusNotifierItem", "ContextMenu", {0, 0});
-    });
-  });
-}
-
-TEST_F(Tray, ABalloonOfItsOwnWhereTheNotificationServiceFails) {
-  for (const QString fault : {"GetCapabilities", "Notify", "absent"}) {
-    SCOPED_TRACE(fault.toStdString());
-    Apart([&] {
-      const Bus bus;
-      const Screen screen;
-      Services services;
-      services.notifications.silentAt = fault;
-      if (fault != "absent") services.bus.registerService(services.kNotifications);
-      TrayDesktop desktop;
-      desktop.main.cmdCheck.Press();
-      desktop.ExpectOwnBalloonThatRestores();
-    });
   }
+  TrayDesktop desktop;
+  desktop.main.cmdCheck.Press();
+  desktop.ExpectOwnBalloonThatRestores();
 }
+
+INSTANTIATE_TEST_SUITE_P(Faults, TrayWithFault,
+                         testing::Values("GetCapabilities", "Notify", "absent"));
 
 TEST(NotifyIconText, LeavesOutACharacterThatTheFieldCuts) {
   for (const auto& [field, text] : {std::pair("B\xC3\xBC\xE2\x82", "B\u00FC"),
@@ -174,5 +153,4 @@ TEST(NotifyIconText, LeavesOutACharacterThatTheFieldCuts) {
   }
 }
 
-}  // namespace
 }  // namespace kestrava::test
