@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 class Browser : public testing::Test {
  protected:
   Browser() {
-    mkdtemp(home_.data());
+    EXPECT_NE(mkdtemp(home_.data()), nullptr);
     for (const char* program :
          {"bin/good", "bin/qu\"ote", "my browser/run", "x/x-www-browser", "last/xdg-open"}) {
       Write(program, "");
