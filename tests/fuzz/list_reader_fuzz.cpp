@@ -1,8 +1,6 @@
 // Feeds the list reader with any bytes. The first byte tells how many bytes the reader is given at
 // a time, the others are the file.
-#include <cstdint>
-#include <cstdlib>
-
+#include "fuzz/fuzz.h"
 #include "lists/connection_list_file.h"
 #include "platform/message_box.h"
 #include "support/bare_table.h"
@@ -28,15 +26,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string result = LoadConnectionList("list", first.grid, files);
   files.chunk = size;
   test::BareTable second;
-  if (LoadConnectionList("list", second.grid, files) != result) std::abort();
-  if (first.Connections() != second.Connections()) std::abort();
+  Require(LoadConnectionList("list", second.grid, files) == result);
+  Require(first.Connections() == second.Connections());
   if (!result.empty()) return 0;
 
   NoBoxes boxes;
-  if (!SaveConnectionList("list", first.grid, ConfirmOverwrite::No, files, boxes).empty()) {
-    std::abort();
-  }
-  if (!LoadConnectionList("list", second.grid, files).empty()) std::abort();
-  if (first.Connections() != second.Connections()) std::abort();
+  Require(SaveConnectionList("list", first.grid, ConfirmOverwrite::No, files, boxes).empty());
+  Require(LoadConnectionList("list", second.grid, files).empty());
+  Require(first.Connections() == second.Connections());
   return 0;
 }
