@@ -9,7 +9,8 @@ source scripts/stage.sh
 
 if [[ "${1-}" != --inside ]]; then
   {
-    install_missing "${build_packages[@]}" "${run_packages[@]}" "${stage_packages[@]}"
+    install_missing "${build_packages[@]}" "${run_packages[@]}" "${stage_packages[@]}" \
+      "${bench_packages[@]}"
     cmake --preset release -DKESTRAVA_BUILD_TESTS=OFF -DKESTRAVA_BUILD_BENCH=ON
     cmake --build --preset release
   } >&2

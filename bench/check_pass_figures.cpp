@@ -36,6 +36,16 @@ double PassOverBareEchoes(int count, int rounds) {
       });
 }
 
+/// A pass over answering machines, over another program's way to ask them.
+double PassOver(const std::vector<std::string>& addresses, const std::function<void()>& otherWay) {
+  constexpr int kRounds = 3;
+  RealProgram program;
+  program.Fill(addresses);
+  return RatioOf(
+      kRounds, [&] { return program.Check("Online (Ping Response)"); },
+      [&] { return SecondsOf(otherWay); });
+}
+
 }  // namespace
 
 void MeasurePassRow() {
@@ -51,18 +61,19 @@ void MeasurePassGrowth() {
 }
 
 void MeasurePassAgainstPing() {
-  constexpr int kRounds = 3;
   const auto addresses = LoopbackAddresses(200);
-  RealProgram program;
-  program.Fill(addresses);
-  const double ratio = RatioOf(
-      kRounds, [&] { return program.Check("Online (Ping Response)"); },
-      [&] {
-        return SecondsOf([&] {
-          for (const std::string& address : addresses) RunToEnd({"ping", "-c1", address});
-        });
-      });
+  const double ratio = PassOver(addresses, [&] {
+    for (const std::string& address : addresses) RunToEnd({"ping", "-c1", address});
+  });
   PrintFigure("pass_vs_ping", 1 / ratio, 50, Bound::AtLeast);
+}
+
+void MeasurePassAgainstFping() {
+  const auto addresses = LoopbackAddresses(1000);
+  std::vector<std::string> words = {"fping", "-i1", "-c1", "-t200"};
+  words.insert(words.end(), addresses.begin(), addresses.end());
+  const double ratio = PassOver(addresses, [&] { RunToEnd(words); });
+  PrintFigure("pass_vs_fping", 1 / ratio, 15, Bound::AtLeast);
 }
 
 void MeasureSilentMachine(const std::string& address) {

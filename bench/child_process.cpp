@@ -19,6 +19,7 @@ ChildProcess::ChildProcess(std::vector<std::string> words) {
   posix_spawn_file_actions_t redirection;
   posix_spawn_file_actions_init(&redirection);
   posix_spawn_file_actions_addopen(&redirection, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+  posix_spawn_file_actions_adddup2(&redirection, STDOUT_FILENO, STDERR_FILENO);
   const int error =
       posix_spawnp(&number_, arguments[0], &redirection, nullptr, arguments.data(), environ);
   posix_spawn_file_actions_destroy(&redirection);

@@ -6,7 +6,7 @@
 
 namespace kestrava {
 
-/// A program that runs beside this one, with its standard output thrown away.
+/// A program that runs beside this one, with its output thrown away.
 class ChildProcess {
  public:
   /// @param words the program, looked up like a shell does, and its arguments.

@@ -16,6 +16,10 @@ void MeasurePassGrowth();
 /// A pass over answering machines, against one `ping` process for each: `pass_vs_ping`.
 void MeasurePassAgainstPing();
 
+/// The same against one `fping` over all of them, which sends an echo each millisecond:
+/// `pass_vs_fping`.
+void MeasurePassAgainstFping();
+
 /// What waiting for a machine that answers nothing costs: `silent_cpu`.
 /// @param address such a machine, in a network that this process may send to.
 void MeasureSilentMachine(const std::string& address);
@@ -43,7 +47,13 @@ void MeasureRemoval();
 
 /// Wake-ups a minute of the program when nothing happens: `idle_wakeups`.
 /// @param program its file.
-/// @param bareWindow that of the least Qt program with a window and a table.
+/// @param bareWindow that of the least Qt program with a window and a table; so below.
 void MeasureIdleWakeups(const std::string& program, const std::string& bareWindow);
+
+/// Resident memory some seconds after the start, over the bare window's: `startup_memory`.
+void MeasureStartupMemory(const std::string& program, const std::string& bareWindow);
+
+/// The program's file without what only a debugger reads, in KiB: `binary_size`.
+void MeasureBinarySize(const std::string& program, const std::string& bareWindow);
 
 }  // namespace kestrava

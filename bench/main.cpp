@@ -33,10 +33,13 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C");
     const std::string folder = QApplication::applicationDirPath().toStdString();
+    const std::string program = folder + "/../kestrava";
+    const std::string bareWindow = folder + "/bare_window";
     const Measurement measurements[] = {
         {"pass_row", MeasurePassRow},
         {"pass_growth", MeasurePassGrowth},
         {"pass_vs_ping", MeasurePassAgainstPing},
+        {"pass_vs_fping", MeasurePassAgainstFping},
         {"silent_cpu", [&] { MeasureSilentMachine(argv[1]); }},
         {"pump_idle", MeasureIdlePump},
         {"startup", [&] { MeasureStartup(folder); }},
@@ -44,8 +47,9 @@ int main(int argc, char** argv) {
         {"save_100k", [&] { MeasureSave(folder); }},
         {"memory_row", [&] { MeasureMemory(folder); }},
         {"remove_half", MeasureRemoval},
-        {"idle_wakeups",
-         [&] { MeasureIdleWakeups(folder + "/../kestrava", folder + "/bare_window"); }},
+        {"binary_size", [&] { MeasureBinarySize(program, bareWindow); }},
+        {"startup_memory", [&] { MeasureStartupMemory(program, bareWindow); }},
+        {"idle_wakeups", [&] { MeasureIdleWakeups(program, bareWindow); }},
     };
     const std::span wanted(argv + 2, argv + argc);
     for (const Measurement& measurement : measurements) {

@@ -11,9 +11,8 @@
 namespace kestrava {
 
 RealProgram::RealProgram() {
-  eventLoop_.Watch(remoteDesktop_);
-  windows_.Load(window);
-  windows_.Show(window);
+  desktop_.Windows().Load(window);
+  desktop_.Windows().Show(window);
   Settle();
 }
 
@@ -43,17 +42,17 @@ double RealProgram::Check(const std::string& status) {
 }
 
 void RealProgram::CatchUp() {
-  auto* view = windows_.WidgetOf(window)->findChild<GridView*>();
+  auto* view = desktop_.Windows().WidgetOf(window)->findChild<GridView*>();
   static_cast<GridModel*>(view->model())->CatchUp();
   // What has to be painted again waits as an event.
-  if (eventLoop_.PumpEvents() == LoopState::Ending) throw std::runtime_error("the program ended");
+  if (Loop().PumpEvents() == LoopState::Ending) throw std::runtime_error("the program ended");
 }
 
 /// Lets the window finish what it has begun to show.
 void RealProgram::Settle() {
   const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(200);
   while (std::chrono::steady_clock::now() < end) {
-    if (eventLoop_.PumpEvents() == LoopState::Ending) return;
+    if (Loop().PumpEvents() == LoopState::Ending) return;
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
 }

@@ -9,6 +9,7 @@ run_packages=(iputils-ping fonts-dejavu-core qt6-wayland)
 # A virtual screen with a hand and an eye, and machines to be checked.
 stage_packages=(xvfb xdotool scrot xrdp iproute2)
 test_packages=(libgtest-dev tidy dbus-daemon trayer weston python3-minimal)
+bench_packages=(fping)
 # dpkg-dev finds the libraries that the package depends on; the others look at what came out.
 package_packages=(dpkg-dev lintian appstream desktop-file-utils man-db)
 ci_packages=(clang clang-format clang-tidy libclang-rt-14-dev llvm)

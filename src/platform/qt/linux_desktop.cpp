@@ -7,7 +7,7 @@ namespace kestrava {
 
 LinuxDesktop::LinuxDesktop() { eventLoop_.Watch(rdp_); }
 
-Platform LinuxDesktop::Services() {
+Platform LinuxDesktop::ServicesWith(MsRdpClient2& rdp) {
   return {.windows = windows_,
           .eventLoop = eventLoop_,
           .messageBoxes = messageBoxes_,
@@ -16,7 +16,7 @@ Platform LinuxDesktop::Services() {
           .clock = clock_,
           .icmp = icmp_,
           .sockets = sockets_,
-          .rdp = rdp_,
+          .rdp = rdp,
           .settings = settings_,
           .fileSystem = fileSystem_,
           .notificationArea = notificationArea_,

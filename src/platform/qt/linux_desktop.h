@@ -27,10 +27,13 @@ class LinuxDesktop {
   LinuxDesktop();
 
   /// They last as long as the desktop.
-  Platform Services();
+  Platform Services() { return ServicesWith(rdp_); }
+  /// The same with another Remote Desktop control.
+  Platform ServicesWith(MsRdpClient2& rdp);
 
   QtEventLoop& EventLoop() { return eventLoop_; }
   QtWindowSystem& Windows() { return windows_; }
+  LinuxRemoteDesktop& RemoteDesktop() { return rdp_; }
   QtNotificationArea& NotificationArea() { return notificationArea_; }
 
  private:
