@@ -78,15 +78,25 @@ bool CheckPass::MoveTo(RowBookmark row, int col) {
 void CheckPass::WriteOnline(const std::string& answer) {
   grid_.SetCellBackColor(kGreen);
   WriteCell(kStatusColumn, answer == "3389" ? "Online (RDP Response)" : "Online (Ping Response)");
-  WriteCell(kLastCheckedColumn, GeneralDateText(clock_.Now()));
+  WriteCell(kLastCheckedColumn, NowText());
 }
 
 void CheckPass::WriteOffline(const std::string& answer) {
   grid_.SetCellBackColor(kRed);
   WriteCell(kStatusColumn, "Offline (" + answer + ")");
-  WriteCell(kLastCheckedColumn, GeneralDateText(clock_.Now()));
+  WriteCell(kLastCheckedColumn, NowText());
   grid_.SetCol(kNameColumn);
   state_.FailedConnections.push_back(grid_.Text());
+}
+
+/// Many rows fall into one second and share its text.
+const std::string& CheckPass::NowText() {
+  const auto now = clock_.Now();
+  if (now != textSecond_ || text_.empty()) {
+    textSecond_ = now;
+    text_ = GeneralDateText(now);
+  }
+  return text_;
 }
 
 void CheckPass::WriteCell(int col, std::string_view text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <string_view>
 
@@ -42,6 +43,7 @@ class CheckPass {
   bool MoveTo(RowBookmark row, int col);
   void WriteOnline(const std::string& answer);
   void WriteOffline(const std::string& answer);
+  const std::string& NowText();
   void WriteCell(int col, std::string_view text);
 
   MSFlexGrid& grid_;
@@ -51,6 +53,8 @@ class CheckPass {
   Form& window_;
   SharedState& state_;
   bool running_ = false;
+  std::chrono::local_seconds textSecond_{};
+  std::string text_;  ///< that second, as it stands in a cell
 };
 
 }  // namespace kestrava

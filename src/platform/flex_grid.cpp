@@ -49,6 +49,7 @@ void MSFlexGrid::SetCols(std::int32_t cols) {
 }
 
 void MSFlexGrid::SetText(std::string_view text) {
+  if (text == TextView()) return;
   CurrentRow().SetText(static_cast<std::size_t>(col_), text);
   if (gridObserver_) gridObserver_->CellChanged(row_, col_);
 }
