@@ -25,6 +25,7 @@ TEST(Settings, AreReadAtTheStartEachInItsOwnWay) {
     EXPECT_EQ(program.window.State().CheckInterval, interval);
     EXPECT_EQ(program.window.State().NextCheckTime, next);
     EXPECT_EQ(program.settings.writes, Texts());
+    EXPECT_EQ(std::pair(program.window.Left(), program.window.Top()), std::pair(2040, 2850));
   }
 }
 

@@ -19,16 +19,7 @@ using Rows = std::vector<std::array<std::string, 5>>;
 
 /// A connection table without a program around it.
 struct BareTable : Form {
-  explicit BareTable(const Rows& rows = {}) : Form(kBareForm) {
-    ConnectionGridSetup(grid);
-    for (const auto& row : rows) {
-      AppendConnectionRow(grid);
-      for (std::int32_t col = 0; col < 5; ++col) {
-        grid.SetCol(col + 1);
-        grid.SetText(row[static_cast<std::size_t>(col)]);
-      }
-    }
-  }
+  BareTable() : Form(kBareForm) { ConnectionGridSetup(grid); }
 
   Rows Connections() const {
     Rows rows;
