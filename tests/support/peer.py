@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """A machine whose port 3389 is open, to one connection after the other.
 
-Arguments: how it ends, what it says in hexadecimal digits, and the seconds between two bytes of
-that, 0 for none. It hears the request first. It ends by closing or resetting the connection at
+Arguments: how it ends, what it says in hexadecimal digits, the seconds between two bytes of that,
+0 for none, and its address, if it isn't to be every one of the machine's. It hears the request first. It ends by closing or resetting the connection at
 once, or stays; or what it says goes on with millions of zeros.
 """
 import socket
@@ -27,7 +27,8 @@ def serve(peer, end, words, pause):
 
 def main():
     end, words, pause = sys.argv[1], bytes.fromhex(sys.argv[2]), float(sys.argv[3])
-    listener = socket.create_server(("", 3389))
+    address = sys.argv[4] if len(sys.argv) > 4 else ""
+    listener = socket.create_server((address, 3389))
     print("ready", flush=True)
     while True:
         peer, _ = listener.accept()
