@@ -2,6 +2,9 @@
 # A stage of its own for a run of the program: a network that nothing leaves, with machines on it,
 # and a virtual display. Sourced by the scripts; needs bash.
 
+# Where Debian keeps servers; an ordinary user's path leaves it out.
+PATH+=:/usr/sbin
+
 # Makes a fresh folder, `stage_folder`. It and every process of `stage_processes` go with the script.
 open_stage() {
   stage_folder=$(mktemp -d)

@@ -1,6 +1,7 @@
 #!/bin/sh
 # Furnishes the test's own network. Called by the tests, each word inside the namespace that it is for.
 set -e
+PATH=$PATH:/usr/sbin # where Debian keeps servers; an ordinary user's path leaves it out
 case $1 in
 own) # Packets live for one hop.
   ip link set lo up
