@@ -11,7 +11,7 @@ namespace kestrava {
 
 void AddConnection(MSFlexGrid& grid, WindowSystem& windows, MessageBoxes& messageBoxes) {
   frmNewConn dialog(windows, messageBoxes);
-  windows.Load(dialog);
+  const LoadedForm loaded(windows, dialog);
   dialog.txtName.SetText("New Connection " + std::to_string(grid.Rows()));
   windows.ShowModal(dialog);
   if (dialog.SavingConn) {
@@ -29,7 +29,6 @@ void AddConnection(MSFlexGrid& grid, WindowSystem& windows, MessageBoxes& messag
     grid.SetCol(kLastCheckedColumn);
     grid.SetText(kUnchecked);
   }
-  windows.Unload(dialog);
 }
 
 }  // namespace kestrava

@@ -20,7 +20,7 @@ constexpr std::int32_t kMostEntries = 32767;
 
 void RemoveConnections(MSFlexGrid& grid, WindowSystem& windows) {
   frmRemoveconn dialog;
-  windows.Load(dialog);
+  const LoadedForm loaded(windows, dialog);
   dialog.lstConnections.Clear();
   std::vector<RowBookmark> offered;
   const std::int32_t lastRow = std::min(grid.Rows() - 1, kMostEntries);
@@ -37,7 +37,6 @@ void RemoveConnections(MSFlexGrid& grid, WindowSystem& windows) {
     const auto row = grid.RowOf(offered[static_cast<std::size_t>(index - 1)]);
     if (row) grid.RemoveItem(*row);
   });
-  windows.Unload(dialog);
 }
 
 }  // namespace kestrava

@@ -154,9 +154,8 @@ void frmMain::mnuHelpCont_Click() { browser_.OpenUrlInBrowser(ManualUrl()); }
 
 void frmMain::mnuHelpAbout_Click() {
   frmAbout about(platform_.windows, browser_);
-  platform_.windows.Load(about);
+  const LoadedForm loaded(platform_.windows, about);
   platform_.windows.ShowModal(about);
-  platform_.windows.Unload(about);
 }
 
 void frmMain::RestoreWindow() { mnuFileRestore_Click(); }

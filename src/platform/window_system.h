@@ -38,4 +38,19 @@ class WindowSystem {
   virtual TwipSize OuterSize(const Form& form) const = 0;
 };
 
+/// A dialog that is loaded for as long as this lives, however its command ends.
+class LoadedForm {
+ public:
+  LoadedForm(WindowSystem& windows, Form& form) : windows_(windows), form_(form) {
+    windows_.Load(form_);
+  }
+  ~LoadedForm() { windows_.Unload(form_); }
+  LoadedForm(const LoadedForm&) = delete;
+  LoadedForm& operator=(const LoadedForm&) = delete;
+
+ private:
+  WindowSystem& windows_;
+  Form& form_;
+};
+
 }  // namespace kestrava

@@ -10,7 +10,7 @@ namespace kestrava {
 void EditPreferences(WindowSystem& windows, MessageBoxes& messageBoxes, SettingsStore& store,
                      CheckSchedule& schedule) {
   frmPreferences dialog(messageBoxes);
-  windows.Load(dialog);
+  const LoadedForm loaded(windows, dialog);
   dialog.txtInterval.SetText(ReadText(store, kInterval));
   dialog.chkBalloon.SetChecked(ReadsOne(store, kTips));
   dialog.chkStartup.SetChecked(ReadsOne(store, kStartup));
@@ -23,7 +23,6 @@ void EditPreferences(WindowSystem& windows, MessageBoxes& messageBoxes, Settings
     WriteFlag(store, kTray, dialog.chkTray.Checked());
     schedule.SetInterval(ReadMinutes(store, kInterval));
   }
-  windows.Unload(dialog);
 }
 
 }  // namespace kestrava

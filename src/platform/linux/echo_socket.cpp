@@ -101,13 +101,9 @@ int EchoSocket::Send(const EchoRequest& request) const {
   sockaddr_in destination{};
   destination.sin_family = AF_INET;
   destination.sin_addr.s_addr = request.address;
-  const auto send = [&] {
-    return sendto(socket_.Number(), message.data(), message.size(), 0,
-                  reinterpret_cast<const sockaddr*>(&destination), sizeof destination);
-  };
-  // A raw socket may already hold an error about somebody else's request, which the first call
-  // reports and clears away.
-  return send() < 0 && send() < 0 ? errno : 0;
+  const ssize_t sent = sendto(socket_.Number(), message.data(), message.size(), 0,
+                              reinterpret_cast<const sockaddr*>(&destination), sizeof destination);
+  return sent < 0 ? errno : 0;
 }
 
 std::optional<EchoOutcome> EchoSocket::Match(const EchoRequest& request, std::uint32_t sender,

@@ -8,7 +8,8 @@
 namespace kestrava {
 
 /// The entries of a check list for Qt's views. The list tells of a change when it is made, which
-/// may be once for each of many entries, so the model catches up when the view is next looked at.
+/// may be once for each of many entries, so the model catches up in the next turn of the event
+/// loop.
 class CheckListModel final : public QAbstractListModel {
   Q_OBJECT
 
@@ -17,7 +18,6 @@ class CheckListModel final : public QAbstractListModel {
 
   /// Something about the list has changed.
   void NoteChange();
-  void CatchUp();
   /// The list goes; the view shows nothing from now on.
   void Detach() { list_ = nullptr; }
 
@@ -27,6 +27,8 @@ class CheckListModel final : public QAbstractListModel {
   Qt::ItemFlags flags(const QModelIndex& index) const override;
 
  private:
+  void CatchUp();
+
   CheckList* list_;
   int rows_ = 0;
   bool changed_ = false;

@@ -68,6 +68,7 @@ void GridView::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+  model_.CatchUp();
   QTableView::mouseDoubleClickEvent(event);
   const bool onCell = indexAt(event->position().toPoint()).isValid();
   if (onCell && event->button() == Qt::LeftButton) RaiseDoubleClick();
@@ -117,20 +118,19 @@ int GridView::WidthFor(int column, int twips) const {
   return std::max(scale_.ToPixels(twips), horizontalHeader()->sectionSizeHint(column));
 }
 
-void GridView::TakeCursor(int gridRow, int gridColumn) {
-  if (!grid_ || gridRow >= grid_->Rows() || gridColumn >= grid_->Cols()) return;
+bool GridView::TakeCursor(int gridRow, int gridColumn) {
+  if (!grid_ || gridRow >= grid_->Rows() || gridColumn >= grid_->Cols()) return false;
   grid_->SetRow(gridRow);
   grid_->SetCol(gridColumn);
+  return true;
 }
 
-void GridView::TakeCurrentIndex() {
-  TakeCursor(currentIndex().row() + 1, currentIndex().column() + 1);
+bool GridView::TakeCurrentIndex() {
+  return TakeCursor(currentIndex().row() + 1, currentIndex().column() + 1);
 }
 
 void GridView::RaiseDoubleClick() {
-  if (!grid_ || !currentIndex().isValid()) return;
-  TakeCurrentIndex();
-  grid_->DblClick.Raise();
+  if (currentIndex().isValid() && TakeCurrentIndex()) grid_->DblClick.Raise();
 }
 
 void GridView::ClickFixedCell(int gridRow, int gridColumn) {

@@ -39,8 +39,9 @@ class GridView final : public QTableView {
  private:
   void ApplyColumnWidths();
   int WidthFor(int column, int twips) const;
-  void TakeCursor(int gridRow, int gridColumn);
-  void TakeCurrentIndex();
+  /// False, with the cursor where it was, if there is no such cell any more.
+  bool TakeCursor(int gridRow, int gridColumn);
+  bool TakeCurrentIndex();
   /// Tells the program that the user wants to act on the current cell.
   void RaiseDoubleClick();
   void ClickFixedCell(int gridRow, int gridColumn);

@@ -20,12 +20,22 @@ namespace {
 
 constexpr QSize kPictureSize(128, 128);
 
-/// Tells the control's state to `show`, now and after each change, until `link` goes.
+/// Shows the control's state by `widget`, and what is its own by `show`, now and after each change,
+/// until `link` goes.
 template <typename Show>
-void Mirror(Control& control, QObject& link, Show show) {
-  show();
-  control.Observe(show);
+void Mirror(Control& control, QObject& link, QWidget* widget, Show show) {
+  const auto showAll = [=, &control] {
+    widget->setEnabled(control.Enabled());
+    widget->setVisible(control.Visible());
+    show();
+  };
+  showAll();
+  control.Observe(showAll);
   QObject::connect(&link, &QObject::destroyed, [&control] { control.Observe({}); });
+}
+
+void Mirror(Control& control, QObject& link, QWidget* widget) {
+  Mirror(control, link, widget, [] {});
 }
 
 QWidget* MakeButton(Button& button, QObject& link, QWidget* parent) {
@@ -34,23 +44,24 @@ QWidget* MakeButton(Button& button, QObject& link, QWidget* parent) {
   // Enter presses the button that has the focus, in a main window too.
   widget->setAutoDefault(true);
   QObject::connect(widget, &QPushButton::clicked, &link, [&button] { button.Press(); });
-  Mirror(button, link, [widget, &button] { widget->setEnabled(button.Enabled()); });
+  Mirror(button, link, widget);
   return widget;
 }
 
 QWidget* MakeLabel(Label& label, QObject& link, QWidget* parent) {
   auto* widget = new QLabel(parent);
   QObject::connect(widget, &QLabel::linkActivated, &link, [&label] { label.Click.Raise(); });
-  Mirror(label, link, [widget, &label] { ShowLabel(label, *widget); });
+  Mirror(label, link, widget, [widget, &label] { ShowLabel(label, *widget); });
   return widget;
 }
 
 /// The program's icon, as large as the place allows.
-QWidget* MakePicture(QWidget* parent) {
+QWidget* MakePicture(Control& picture, QObject& link, QWidget* parent) {
   auto* widget = new QLabel(parent);
   widget->setPixmap(QApplication::windowIcon().pixmap(kPictureSize));
   widget->setScaledContents(true);
   widget->setMinimumSize(1, 1);
+  Mirror(picture, link, widget);
   return widget;
 }
 
@@ -58,7 +69,7 @@ QWidget* MakeCheckList(CheckList& list, QObject& link, QWidget* parent) {
   auto* widget = new CheckListView(list, parent);
   CheckListModel& model = widget->Model();
   QObject::connect(&link, &QObject::destroyed, &model, &CheckListModel::Detach);
-  Mirror(list, link, [&model] { model.NoteChange(); });
+  Mirror(list, link, widget, [&model] { model.NoteChange(); });
   return widget;
 }
 
@@ -66,14 +77,11 @@ QWidget* MakeTextBox(TextBox& textBox, QObject& link, QWidget* parent) {
   auto* widget = new QLineEdit(parent);
   widget->setMaxLength(std::numeric_limits<int>::max());
   // Only what the user edits is written back, so that the program's own bytes stay as they are.
-  QObject::connect(widget, &QLineEdit::textEdited, &link, [&textBox](QString text) {
-    // A pasted text may bring line ends along.
-    textBox.SetText(ToBytes(text.replace('\r', ' ').replace('\n', ' ')));
-  });
-  Mirror(textBox, link, [widget, &textBox] {
+  QObject::connect(widget, &QLineEdit::textEdited, &link,
+                   [&textBox](const QString& text) { textBox.SetText(LineToBytes(text)); });
+  Mirror(textBox, link, widget, [widget, &textBox] {
     const QString text = ToShown(textBox.Text());
     if (widget->text() != text) widget->setText(text);
-    widget->setEnabled(textBox.Enabled());
   });
   return widget;
 }
@@ -82,11 +90,7 @@ QWidget* MakeCheckBox(CheckBox& checkBox, QObject& link, QWidget* parent) {
   auto* widget = new VisibleCheckBox(ToShown(checkBox.Spec().caption), parent);
   QObject::connect(widget, &QCheckBox::toggled, &link,
                    [&checkBox](bool checked) { checkBox.SetChecked(checked); });
-  Mirror(checkBox, link, [widget, &checkBox] {
-    widget->setChecked(checkBox.Checked());
-    widget->setEnabled(checkBox.Enabled());
-    widget->setVisible(checkBox.Visible());
-  });
+  Mirror(checkBox, link, widget, [widget, &checkBox] { widget->setChecked(checkBox.Checked()); });
   return widget;
 }
 
@@ -94,7 +98,7 @@ QWidget* MakeGrid(MSFlexGrid& grid, QObject& link, QWidget* parent) {
   auto* widget = new GridView(grid, parent);
   widget->setAccessibleName(QObject::tr("Connections"));
   QObject::connect(&link, &QObject::destroyed, widget, &GridView::Detach);
-  Mirror(grid, link, [widget, &grid] { widget->setEnabled(grid.Enabled()); });
+  Mirror(grid, link, widget);
   return widget;
 }
 
@@ -113,7 +117,7 @@ QWidget* MakeWidget(Control& control, QObject& link, QWidget* parent) {
     case ControlKind::CheckList:
       return MakeCheckList(static_cast<CheckList&>(control), link, parent);
     case ControlKind::Picture:
-      return MakePicture(parent);
+      return MakePicture(control, link, parent);
     case ControlKind::RemoteDesktop:
       break;
   }

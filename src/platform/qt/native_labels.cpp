@@ -26,7 +26,6 @@ void ShowLabel(const Label& label, QLabel& widget) {
     widget.setTextFormat(Qt::PlainText);
     widget.setText(caption);
   }
-  widget.setEnabled(label.Enabled());
 }
 
 }  // namespace kestrava

@@ -37,13 +37,17 @@ void QtCommonDialog::ShowSave() {
 }
 
 void QtCommonDialog::Ask(QFileDialog& dialog) {
-  FileName.clear();
-  if (eventLoop_.HasEnded()) return;
+  if (eventLoop_.HasEnded()) {
+    FileName.clear();
+    return;
+  }
   dialog.setNameFilter(NameFilter(Filter));
   if (!InitDir.empty()) dialog.setDirectory(QFile::decodeName(InitDir.c_str()));
   QObject::connect(&eventLoop_, &QtEventLoop::Ended, &dialog, &QDialog::reject);
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
-  FileName = QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
+  const bool accepted = dialog.exec() == QDialog::Accepted;
+  const QString chosen = accepted ? dialog.selectedFiles().value(0) : QString();
+  // Only now: another command may have shown a dialog meanwhile.
+  FileName = QFile::encodeName(chosen).toStdString();
 }
 
 }  // namespace kestrava

@@ -18,7 +18,7 @@ std::string QtPromptBoxes::InputBox(const std::string& prompt, const std::string
   QObject::connect(&eventLoop_, &QtEventLoop::Ended, &box, &QDialog::reject);
   if (box.exec() != QDialog::Accepted) return {};
   // A text that nobody edited keeps its very bytes.
-  return box.textValue() == shown ? text : ToBytes(box.textValue());
+  return box.textValue() == shown ? text : LineToBytes(box.textValue());
 }
 
 }  // namespace kestrava

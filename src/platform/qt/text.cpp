@@ -36,4 +36,8 @@ QString ToShown(std::string_view bytes) {
 
 std::string ToBytes(const QString& text) { return text.toStdString(); }
 
+std::string LineToBytes(QString text) {
+  return ToBytes(text.replace('\r', ' ').replace('\n', ' '));
+}
+
 }  // namespace kestrava

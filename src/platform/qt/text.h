@@ -13,4 +13,8 @@ QString ToShown(std::string_view bytes);
 /// Encodes what the user typed: UTF-8.
 std::string ToBytes(const QString& text);
 
+/// The same for what the user typed into a field of one line: the line ends that a pasted text may
+/// bring along become blanks.
+std::string LineToBytes(QString text);
+
 }  // namespace kestrava
