@@ -22,8 +22,6 @@ fi
 packages=("${build_packages[@]}" "${run_packages[@]}")
 if [[ $demo == true ]]; then
   packages+=("${stage_packages[@]}")
-elif [[ -z "${DISPLAY-}" ]]; then
-  packages+=(qt6-wayland)
 fi
 install_missing "${packages[@]}"
 

@@ -18,16 +18,11 @@ void AddConnection(MSFlexGrid& grid, WindowSystem& windows, MessageBoxes& messag
     AppendConnectionRow(grid);
     grid.SetCol(kLampColumn);
     grid.SetCellBackColor(kWhite);
-    grid.SetCol(kNameColumn);
-    grid.SetText(dialog.txtName.Text());
-    grid.SetCol(kAddressColumn);
-    grid.SetText(dialog.txtAddress.Text());
-    grid.SetCol(kStatusColumn);
-    grid.SetText(kUnchecked);
-    grid.SetCol(kCheckingColumn);
-    grid.SetText(kCheckingEnabled);
-    grid.SetCol(kLastCheckedColumn);
-    grid.SetText(kUnchecked);
+    WriteCell(grid, kNameColumn, dialog.txtName.Text());
+    WriteCell(grid, kAddressColumn, dialog.txtAddress.Text());
+    WriteCell(grid, kStatusColumn, kUnchecked);
+    WriteCell(grid, kCheckingColumn, kCheckingEnabled);
+    WriteCell(grid, kLastCheckedColumn, kUnchecked);
   }
 }
 

@@ -12,19 +12,11 @@ namespace kestrava {
 
 namespace {
 
-void WriteInto(MSFlexGrid& grid, RowBookmark row, Column column, const std::string& text) {
-  const auto number = grid.RowOf(row);
-  if (!number) return;
-  grid.SetRow(*number);
-  grid.SetCol(column);
-  grid.SetText(text);
-}
-
 void EditName(MSFlexGrid& grid, PromptBoxes& promptBoxes) {
   const RowBookmark row = grid.Bookmark(grid.Row());
   const std::string answer =
       promptBoxes.InputBox("Please Enter the New Connection Name", "Connection Name", grid.Text());
-  if (!answer.empty()) WriteInto(grid, row, kNameColumn, answer);
+  if (!answer.empty() && MoveToRow(grid, row, kNameColumn)) grid.SetText(answer);
 }
 
 void EditAddress(MSFlexGrid& grid, PromptBoxes& promptBoxes, MessageBoxes& messageBoxes) {
@@ -36,7 +28,7 @@ void EditAddress(MSFlexGrid& grid, PromptBoxes& promptBoxes, MessageBoxes& messa
     messageBoxes.MsgBox("Not a Valid Address Format", MessageIcon::Stop);
     return;
   }
-  WriteInto(grid, row, kAddressColumn, answer);
+  if (MoveToRow(grid, row, kAddressColumn)) grid.SetText(answer);
 }
 
 void ToggleChecking(MSFlexGrid& grid) {

@@ -47,25 +47,20 @@ void WriteRows(MSFlexGrid& grid, TextStream& stream) {
   }
 }
 
-void SetCell(MSFlexGrid& grid, std::int32_t col, std::string_view text) {
-  grid.SetCol(col);
-  grid.SetText(text);
-}
-
 void AppendConnection(MSFlexGrid& grid, std::string_view line) {
   AppendConnectionRow(grid);
   if (line.size() > TextReader::kLongestLine) {
     throw RuntimeError(kErrorOverflow, "a line of the list is too long");
   }
-  for (std::int32_t col = kNameColumn; col < kLastCheckedColumn; ++col) {
+  for (const Column column : {kNameColumn, kAddressColumn, kStatusColumn, kCheckingColumn}) {
     const std::size_t comma = line.find(kSeparator);
     if (comma == std::string_view::npos) {
       throw RuntimeError(kErrorInvalidCall, "a line of the list has fewer than four commas");
     }
-    SetCell(grid, col, line.substr(0, comma));
+    WriteCell(grid, column, line.substr(0, comma));
     line.remove_prefix(comma + 1);
   }
-  SetCell(grid, kLastCheckedColumn, line);
+  WriteCell(grid, kLastCheckedColumn, line);
 }
 
 }  // namespace

@@ -18,6 +18,7 @@ class MSFlexGrid;
 /// The result that asks for another file.
 inline constexpr const char* kReselect = "RESELECT";
 
+/// Whether the user is asked before a file is replaced.
 enum class ConfirmOverwrite { No, Yes };
 
 /// Writes the table to a file that replaces an older one of that name, with or without asking the

@@ -30,6 +30,7 @@ class ListCommands {
         listFolder_(programFolder + "/Lists"),
         applyButtonRule_(std::move(applyButtonRule)) {}
 
+  /// Empties the table, without a question. The file that a list came from is left alone.
   void NewList();
 
   /// Asks for files until one is a list, fails, or the user chooses nothing.

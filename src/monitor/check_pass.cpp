@@ -51,14 +51,15 @@ PassResult CheckPass::Run() {
 }
 
 LoopState CheckPass::CheckRow(RowBookmark row) {
-  MoveTo(row, kAddressColumn);
+  MoveToRow(grid_, row, kAddressColumn);
   if (eventLoop_.PumpEvents() == LoopState::Ending) return LoopState::Ending;
-  if (!MoveTo(row, kCheckingColumn) || grid_.Text() == kCheckingDisabled) return LoopState::Running;
+  if (!MoveToRow(grid_, row, kCheckingColumn) || grid_.Text() == kCheckingDisabled)
+    return LoopState::Running;
   grid_.SetCol(kAddressColumn);
   const std::string address = grid_.Text();
   const std::string answer = probe_.CheckServerConnection(address);
   if (eventLoop_.PumpEvents() == LoopState::Ending) return LoopState::Ending;
-  if (!MoveTo(row, kLampColumn)) return LoopState::Running;
+  if (!MoveToRow(grid_, row, kLampColumn)) return LoopState::Running;
   if (ReadsAsNumber(answer)) {
     WriteOnline(answer);
   } else {
@@ -67,24 +68,17 @@ LoopState CheckPass::CheckRow(RowBookmark row) {
   return LoopState::Running;
 }
 
-bool CheckPass::MoveTo(RowBookmark row, int col) {
-  const auto number = grid_.RowOf(row);
-  if (!number) return false;
-  grid_.SetRow(*number);
-  grid_.SetCol(col);
-  return true;
-}
-
 void CheckPass::WriteOnline(const std::string& answer) {
   grid_.SetCellBackColor(kGreen);
-  WriteCell(kStatusColumn, answer == "3389" ? "Online (RDP Response)" : "Online (Ping Response)");
-  WriteCell(kLastCheckedColumn, NowText());
+  WriteCell(grid_, kStatusColumn,
+            answer == "3389" ? "Online (RDP Response)" : "Online (Ping Response)");
+  WriteCell(grid_, kLastCheckedColumn, NowText());
 }
 
 void CheckPass::WriteOffline(const std::string& answer) {
   grid_.SetCellBackColor(kRed);
-  WriteCell(kStatusColumn, "Offline (" + answer + ")");
-  WriteCell(kLastCheckedColumn, NowText());
+  WriteCell(grid_, kStatusColumn, "Offline (" + answer + ")");
+  WriteCell(grid_, kLastCheckedColumn, NowText());
   grid_.SetCol(kNameColumn);
   state_.FailedConnections.push_back(grid_.Text());
 }
@@ -97,11 +91,6 @@ const std::string& CheckPass::NowText() {
     text_ = GeneralDateText(now);
   }
   return text_;
-}
-
-void CheckPass::WriteCell(int col, std::string_view text) {
-  grid_.SetCol(col);
-  grid_.SetText(text);
 }
 
 }  // namespace kestrava

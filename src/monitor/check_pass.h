@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <string>
-#include <string_view>
 
 namespace kestrava {
 
@@ -15,6 +14,7 @@ struct RowBookmark;
 struct SharedState;
 enum class LoopState;
 
+/// How a pass ended.
 enum class PassResult {
   Completed,
   NotRun,  ///< another pass is under way, or the program is ending
@@ -40,11 +40,9 @@ class CheckPass {
 
  private:
   LoopState CheckRow(RowBookmark row);
-  bool MoveTo(RowBookmark row, int col);
   void WriteOnline(const std::string& answer);
   void WriteOffline(const std::string& answer);
   const std::string& NowText();
-  void WriteCell(int col, std::string_view text);
 
   MSFlexGrid& grid_;
   ConnectionProbe& probe_;

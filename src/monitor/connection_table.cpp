@@ -41,4 +41,17 @@ void AppendConnectionRow(MSFlexGrid& grid) {
   grid.SetRow(grid.Rows() - 1);
 }
 
+bool MoveToRow(MSFlexGrid& grid, RowBookmark row, Column column) {
+  const auto number = grid.RowOf(row);
+  if (!number) return false;
+  grid.SetRow(*number);
+  grid.SetCol(column);
+  return true;
+}
+
+void WriteCell(MSFlexGrid& grid, Column column, std::string_view text) {
+  grid.SetCol(column);
+  grid.SetText(text);
+}
+
 }  // namespace kestrava

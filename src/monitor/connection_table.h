@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 namespace kestrava {
 
 class MSFlexGrid;
+struct RowBookmark;
 
 /// The columns of the connection table.
 enum Column : std::int32_t {
@@ -30,5 +32,12 @@ void ConnectionGridSetup(MSFlexGrid& grid);
 /// Adds a row of empty cells at the bottom and makes it the current one.
 /// @throws RuntimeError (6) if the number of rows would no longer fit 32 bits.
 void AppendConnectionRow(MSFlexGrid& grid);
+
+/// Makes a cell of the marked row the current one. @return false, with nothing moved, if the row is
+/// gone.
+bool MoveToRow(MSFlexGrid& grid, RowBookmark row, Column column);
+
+/// Makes a cell of the current row the current one and writes it.
+void WriteCell(MSFlexGrid& grid, Column column, std::string_view text);
 
 }  // namespace kestrava

@@ -50,6 +50,7 @@ class frmMain : public Form {
   MenuEntry mnuHelpBrk1{*this, "mnuHelpBrk1"};
   MenuEntry mnuHelpAbout{*this, "mnuHelpAbout"};
 
+  /// What the parts of the program share, to be looked at from outside.
   const SharedState& State() const { return state_; }
 
   /// Brings the window back from the notification area.

@@ -23,6 +23,7 @@ struct RowBookmark {
 /// The view that a desktop puts on a grid. Each call tells what has just changed.
 class GridObserver {
  public:
+  /// The text or the colour of this cell has changed.
   virtual void CellChanged(std::int32_t row, std::int32_t col) = 0;
   /// The number of rows or columns, or a column's width, has changed; with `Rows` any cell may
   /// stand in another row.

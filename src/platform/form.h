@@ -17,14 +17,16 @@ enum class FormStyle {
   ToolWindowWithoutClose,  ///< the same without a close box: its buttons are the only ways out
 };
 
+/// How a window is shown, apart from being visible at all.
 enum class WindowState { Normal, Minimized };
 
+/// The pointer over a window.
 enum class MousePointer { Default, Busy };
 
 /// A window as data.
 struct FormSpec {
-  const char* name;
-  const char* caption;
+  const char* name;     ///< by which a desktop and its tests find the window
+  const char* caption;  ///< UTF-8, of the title bar
   FormStyle style;
   int width;   ///< of the inner area below the menu bar, in twips
   int height;  ///< the same

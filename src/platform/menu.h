@@ -30,9 +30,6 @@ class MenuEntry : public Observable {
 
   const MenuSpec& Spec() const { return spec_; }
 
-  bool Enabled() const { return enabled_; }
-  void SetEnabled(bool enabled) { Change(enabled_, enabled); }
-
   bool Visible() const { return visible_; }
   void SetVisible(bool visible) { Change(visible_, visible); }
 
@@ -43,7 +40,6 @@ class MenuEntry : public Observable {
 
  private:
   const MenuSpec& spec_;
-  bool enabled_ = true;
   bool visible_;
   bool checked_ = false;
 };

@@ -58,7 +58,6 @@ enum NotifyIconFlag : std::int32_t {
   NIF_MESSAGE = 1,
   NIF_ICON = 2,
   NIF_TIP = 4,
-  NIF_STATE = 8,
   NIF_INFO = 16,
 };
 inline constexpr std::int32_t NIS_SHAREDICON = 2;

@@ -12,6 +12,7 @@ class MenuEntry;
 using WindowProc = std::function<std::int32_t(std::int32_t hWnd, std::int32_t uMsg,
                                               std::int32_t wParam, std::int32_t lParam)>;
 
+/// From winuser.h of the Windows SDK.
 inline constexpr int GWL_WNDPROC = -4;
 
 /// The messages that the desktop sends to a window, and what answers them.

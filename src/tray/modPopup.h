@@ -29,7 +29,10 @@ class modPopup {
   std::int32_t Handle() const;
   std::int32_t IconHandle() const;
 
+  /// Puts `TrayWindowProc` in front of the window's own procedure, which goes into
+  /// `SharedState::SavedWindowProc`. Where that fails nothing is hooked.
   void HookTrayMessages(std::int32_t hWnd);
+  /// Puts the window's own procedure back. Does nothing where none is saved.
   void UnhookTrayMessages(std::int32_t hWnd);
 
  private:

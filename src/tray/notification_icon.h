@@ -23,6 +23,7 @@ class NotificationIcon {
 
   /// Adds the icon and, if that went well, hooks its messages.
   void TrayIconAdd();
+  /// Takes the icon away, with its balloon.
   void TrayIconRemove();
 
   /// `infoFlags` chooses the balloon's picture, such as `NIIF_USER`. The title is cut at 64 bytes

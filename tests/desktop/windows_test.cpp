@@ -102,7 +102,7 @@ TEST(Windows, EditChangesTheCellThatWasDoubleClickedWhereverItsRowGoes) {
   } cases[] = {
       {kNameColumn, name, "", "A;B\374;C;", nothing},
       {kNameColumn, name, "B\u00FC", "A;B\374;C;", nothing},
-      {kNameColumn, name, " , ", "A; , ;C;", nothing},
+      {kNameColumn, name, " ,\r\n", "A; ,  ;C;", nothing},
       {kNameColumn, name, "X", "A;X;C;", check},
       {kNameColumn, name, "X", "X;C;", removeAbove},
       {kNameColumn, name, "X", "A;C;", removeIt},
@@ -165,21 +165,16 @@ TEST(Windows, TheMenuWorksAndAListAndThePreferencesOutliveTheProgram) {
 
 TEST(Windows, GoToTheTrayAndBack) {
   const Desktop desktop("-1");
-  const auto menu = [&] {
-    std::string visible;
-    for (const MenuEntry* entry : desktop.main.Menu()) {
-      const std::string name = entry->Spec().name;
-      if (name.starts_with("mnuFile") && entry->Visible()) visible += name.substr(7) + " ";
-    }
-    return visible;
-  };
   for (const bool minimizes : {false, true}) {
-    EXPECT_EQ(menu(), "New Brk1 Load Save Brk2 Auto Brk3 Tray Brk4 Exit ");
     minimizes ? desktop.window->setWindowState(Qt::WindowMinimized) : Pick("mnuFileTray");
-    EXPECT_EQ(menu(), "Restore Brk4 Exit ");
     EXPECT_FALSE(desktop.window->isVisible());
     Pick("mnuFileRestore");
     EXPECT_TRUE(desktop.window->isVisible() && !desktop.window->isMinimized());
+    std::string hidden;
+    for (const MenuEntry* entry : desktop.main.Menu()) {
+      if (!entry->Visible()) hidden += entry->Spec().name;
+    }
+    EXPECT_EQ(hidden, "mnuFileRestore");
   }
 }
 

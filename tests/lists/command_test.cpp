@@ -44,7 +44,13 @@ TEST(ListCommands, LoopUntilAFileServesOrFails) {
                               ? "open; Kestrava List Files (*.kvl)|*.kvl; "
                               : "save; Kestrava List Files (*.kvl)|*.kvl; /program/Lists";
     EXPECT_EQ(program.fileDialog.shown, std::vector<std::string>(expected.showings, showing));
-    EXPECT_EQ(program.desktop.boxes.empty() ? "" : program.desktop.boxes[0].first, expected.box);
+    std::vector<std::pair<std::string, MessageIcon>> boxes;
+    if (!expected.box.empty()) boxes.emplace_back(expected.box, MessageIcon::None);
+    EXPECT_EQ(program.desktop.boxes, boxes);
+    for (const std::string& question : program.desktop.questions) {
+      EXPECT_EQ(question,
+                "Overwrite File ? Are you sure you want to overwrite the existing file ?");
+    }
     EXPECT_EQ(program.window.grdServers.Rows(), expected.rows);
     EXPECT_EQ(program.window.State().LastListFile, expected.lastListFile);
     EXPECT_TRUE(program.window.cmdCheck.Enabled() == (expected.rows > 1) ||

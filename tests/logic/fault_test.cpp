@@ -59,7 +59,7 @@ struct Session : Scenario {
   }
 };
 
-TEST(Faults, OfAnyCallShowAsSpecifiedAndHarmNothingElse) {
+TEST(Faults, OfAnyCallShowInTheirPlaceAndHarmNothingElse) {
   const std::string notSaved = "Connection List Save Failed";
   const std::string notLoaded = "Connection List Load Failed";
   const std::string noBrowser = "Unable to open URL. Install browser first!";

@@ -85,7 +85,6 @@ TEST(TrayMessages, AnswersTheIconAndHandsOnTheRest) {
 TEST(Reports, NameTheOneFailureOrCountThem) {
   const std::string more = "\r\nClick Here to See More Information";
   const std::pair<Texts, std::string> cases[] = {
-      {{"Mail Server"}, "Kestrava failed to communicate with the Mail Server Connection" + more},
       {{"ReCONNECTIONs"}, "Kestrava failed to communicate with the ReCONNECTIONs"},
       {{""}, "Kestrava failed to communicate with the  Connection" + more},
       {{"A", "A"}, "Kestrava failed to communicate with 2 of your Connections" + more}};

@@ -74,7 +74,10 @@ class MemoryDesktop : public WindowSystem,
   }
 
   void MsgBox(const std::string& text, MessageIcon icon) override { boxes.push_back({text, icon}); }
-  YesNo AskYesNo(const std::string&, const std::string&) override { return overwrite; }
+  YesNo AskYesNo(const std::string& text, const std::string& title) override {
+    questions.push_back(title + " " + text);
+    return overwrite;
+  }
   std::string InputBox(const std::string&, const std::string&, const std::string&) override {
     return onPrompt();
   }
@@ -82,7 +85,8 @@ class MemoryDesktop : public WindowSystem,
   std::set<Form*> loaded;
   std::deque<std::function<void(Form&)>> dialogs;  ///< what the user does in each dialog to come
   std::vector<std::pair<std::string, MessageIcon>> boxes;
-  YesNo overwrite = YesNo::Yes;           ///< the user's answer to the one question
+  Texts questions;
+  YesNo overwrite = YesNo::Yes;           ///< the user's answer to each question
   std::function<std::string()> onPrompt;  ///< gives the user's answer
   Act onTurn;
   long turns = 0;

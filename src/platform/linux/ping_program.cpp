@@ -28,8 +28,8 @@ struct Phrase {
   EchoStatus status;
 };
 
-/// What iputils prints for ICMP errors, and its error messages with the C library's words. The
-/// first phrase found counts.
+/// What ping of iputils 20221126 (ping_common.c, ping.c) prints for ICMP errors, and its error
+/// messages with the words of the C library's strerror(3). The first phrase found counts.
 constexpr Phrase kPhrases[] = {
     {"Destination Net ", kEchoNetUnreachable},
     {"Destination Host ", kEchoHostUnreachable},

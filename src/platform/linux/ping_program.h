@@ -7,7 +7,7 @@
 
 namespace kestrava {
 
-/// The longest payload that `ping` can be told.
+/// The longest payload that `ping` can be told, in bytes (ping(8), option -p).
 inline constexpr std::size_t kLongestPingPayload = 16;
 
 /// Lets the system's `ping` program, which may do what this program may not, send the echo. The

@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include "platform/qt/plain_tip.h"
+
 namespace kestrava {
 
 namespace {
@@ -60,13 +62,6 @@ bool CellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
     ShowPlainTip(text, event->globalPos(), view->viewport(), option.rect);
   }
   return true;
-}
-
-void ShowPlainTip(const QString& text, const QPoint& screenPosition, QWidget* widget,
-                  const QRect& place) {
-  const QString tip =
-      QStringLiteral("<p style=\"white-space:pre-wrap\">%1</p>").arg(text.toHtmlEscaped());
-  QToolTip::showText(screenPosition, tip, widget, place);
 }
 
 }  // namespace kestrava

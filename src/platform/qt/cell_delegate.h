@@ -18,8 +18,4 @@ class CellDelegate : public QStyledItemDelegate {
                  const QModelIndex& index) override;
 };
 
-/// Shows `text` to the letter, whatever looks like markup in it, in a tip that wraps its lines.
-void ShowPlainTip(const QString& text, const QPoint& screenPosition, QWidget* widget,
-                  const QRect& place);
-
 }  // namespace kestrava

@@ -4,7 +4,7 @@
 #include <QHelpEvent>
 #include <QStyleOptionButton>
 
-#include "platform/qt/cell_delegate.h"
+#include "platform/qt/plain_tip.h"
 
 namespace kestrava {
 

@@ -47,7 +47,6 @@ GridModel::GridModel(MSFlexGrid& grid)
 
 void GridModel::CatchUp() {
   frame_.stop();
-  frameDue_ = false;
   if (!grid_) return;
   const bool shapeChanged = std::exchange(shapeChanged_, false);
   if (shapeChanged) {
@@ -117,9 +116,7 @@ void GridModel::ShapeChanged() {
 void GridModel::NoteRows(std::int32_t first, std::int32_t last) {
   firstChanged_ = std::min(firstChanged_, first);
   lastChanged_ = std::max(lastChanged_, last);
-  if (frameDue_) return;
-  frameDue_ = true;
-  frame_.start(kFrameMilliseconds, this);
+  if (!frame_.isActive()) frame_.start(kFrameMilliseconds, this);
 }
 
 void GridModel::CatchUpRows(int rows) {

@@ -54,7 +54,6 @@ class GridModel final : public QAbstractTableModel, private GridObserver {
   int rows_;
   int columns_;
   QBasicTimer frame_;
-  bool frameDue_ = false;
   bool shapeChanged_ = false;
   std::int32_t firstChanged_;
   std::int32_t lastChanged_;

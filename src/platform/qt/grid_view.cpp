@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "platform/qt/cell_delegate.h"
+#include "platform/qt/plain_tip.h"
 
 namespace kestrava {
 

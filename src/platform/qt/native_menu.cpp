@@ -11,7 +11,6 @@ namespace kestrava {
 namespace {
 
 void Show(const MenuEntry& entry, QAction& action) {
-  action.setEnabled(entry.Enabled());
   action.setVisible(entry.Visible());
   action.setCheckable(entry.Checked());
   action.setChecked(entry.Checked());

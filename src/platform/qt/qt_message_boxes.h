@@ -7,6 +7,7 @@ class QMessageBox;
 
 namespace kestrava {
 
+/// Message boxes as Qt dialogs above the window that is in use.
 class QtMessageBoxes final : public MessageBoxes {
  public:
   explicit QtMessageBoxes(QtEventLoop& eventLoop) : eventLoop_(eventLoop) {}

@@ -9,6 +9,7 @@
 
 namespace kestrava {
 
+/// Windows as Qt widgets; the main window owns those of the dialogs.
 class QtWindowSystem final : public WindowSystem {
  public:
   explicit QtWindowSystem(QtEventLoop& eventLoop) : eventLoop_(eventLoop) {}

@@ -7,7 +7,8 @@
 namespace kestrava {
 
 /// Turns the twips of one window into the pixels of its toolkit. At the scale 1, made for a user
-/// interface font 13 pixels high, a pixel is 15 twips.
+/// interface font 13 pixels high (8 points at 96 pixels an inch), a pixel is 15 twips (1440 twips
+/// an inch at the same 96 pixels).
 class TwipScale {
  public:
   explicit TwipScale(double scale = 1) : scale_(scale) {}

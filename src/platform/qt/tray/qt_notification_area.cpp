@@ -1,6 +1,5 @@
 #include "platform/qt/tray/qt_notification_area.h"
 
-#include <QApplication>
 #include <algorithm>
 #include <string_view>
 
