@@ -53,8 +53,8 @@ PassResult CheckPass::Run() {
 LoopState CheckPass::CheckRow(RowBookmark row) {
   MoveToRow(grid_, row, kAddressColumn);
   if (eventLoop_.PumpEvents() == LoopState::Ending) return LoopState::Ending;
-  if (!MoveToRow(grid_, row, kCheckingColumn) || grid_.Text() == kCheckingDisabled)
-    return LoopState::Running;
+  if (!MoveToRow(grid_, row, kCheckingColumn)) return LoopState::Running;
+  if (grid_.TextView() == kCheckingDisabled) return LoopState::Running;
   grid_.SetCol(kAddressColumn);
   const std::string address = grid_.Text();
   const std::string answer = probe_.CheckServerConnection(address);

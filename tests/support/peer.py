@@ -2,8 +2,9 @@
 """A machine whose port 3389 is open, to one connection after the other.
 
 Arguments: how it ends, what it says in hexadecimal digits, the seconds between two bytes of that,
-0 for none, and its address, if it isn't to be every one of the machine's. It hears the request first. It ends by closing or resetting the connection at
-once, or stays; or what it says goes on with millions of zeros.
+0 for none, and its address, if it isn't to be every one of the machine's. It hears the request
+first. It ends by closing or resetting the connection at once, or stays; or what it says goes on
+with millions of zeros.
 """
 import socket
 import struct
