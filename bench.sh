@@ -26,4 +26,4 @@ start_network
 # The group that the program runs under may open ICMP sockets, as on most desktops.
 echo "$(id -g) $(id -g)" >/proc/sys/net/ipv4/ping_group_range
 start_display
-build/bench/kestrava_bench "$silent_address" "${@:2}"
+build/bench/kestrava_bench "$silent_address" "$far_address" "${@:2}"

@@ -50,7 +50,7 @@ double PassOver(const std::vector<std::string>& addresses, const std::function<v
 
 void MeasurePassRow() {
   constexpr int kRounds = 31;
-  PrintFigure("pass_row", PassOverBareEchoes(1000, kRounds), 1.5);
+  PrintFigure("pass_row", PassOverBareEchoes(1000, kRounds), 1.3);
 }
 
 void MeasurePassGrowth() {
@@ -74,23 +74,6 @@ void MeasurePassAgainstFping() {
   words.insert(words.end(), addresses.begin(), addresses.end());
   const double ratio = PassOver(addresses, [&] { RunToEnd(words); });
   PrintFigure("pass_vs_fping", 1 / ratio, 15, Bound::AtLeast);
-}
-
-void MeasureSilentMachine(const std::string& address) {
-  constexpr int kRounds = 3;
-  RealProgram program;
-  program.Fill({address});
-  std::vector<double> shares;
-  for (int round = 0; round < kRounds; ++round) {
-    const Moment start = Moment::Now();
-    program.Check("Offline (No Response)");
-    const Moment end = Moment::Now();
-    shares.push_back(program.Attempts().ProcessorShare());
-    std::fprintf(stderr, "  attempt %.3g s, whole pass %.3g s with %.3g s of processor time\n",
-                 program.Attempts().AttemptSeconds(), end.clock - start.clock,
-                 end.processor - start.processor);
-  }
-  PrintFigure("silent_cpu", Median(std::move(shares)), 0.03);
 }
 
 }  // namespace kestrava

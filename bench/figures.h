@@ -20,11 +20,20 @@ void MeasurePassAgainstPing();
 /// `pass_vs_fping`.
 void MeasurePassAgainstFping();
 
-/// What waiting for a machine that answers nothing costs: `silent_cpu`.
-/// @param address such a machine, in a network that this process may send to.
+/// A row of a machine that answers nothing: its time over that of the two time-outs, and the share
+/// of one processor core that it takes: `silent_row_time`, `silent_row_cpu`.
+/// @param address such a machine, in a network that this process may send to; so below.
 void MeasureSilentMachine(const std::string& address);
 
-/// An idle turn of the program's event loop, over Qt's own: `pump_idle`.
+/// Processor milliseconds of a row whose machine is silent to the echo and refuses TCP:
+/// `refused_row_cpu`.
+void MeasureRefusingMachine(const std::string& address);
+
+/// Milliseconds for which an event waits at most during a pass over ten silent machines, with the
+/// echoes sent by socket and by `ping`: `longest_stall`.
+void MeasureLongestStall(const std::string& address);
+
+/// A turn of the program's event loop with nothing to do, over Qt's own: `pump_idle`.
 void MeasureIdlePump();
 
 /// Start to first painted window, over the least that a Qt window with a table can be: `startup`.

@@ -1,6 +1,6 @@
 // Measures the program's speed, each figure beside its floor. `bench.sh` gives it a display and a
-// network of its own, with the address of a silent machine as the first argument. The names of
-// figures may follow it; without them all are measured.
+// network of its own, with the addresses of a silent and of a refusing machine as the first
+// arguments. The names of figures may follow them; without them all are measured.
 
 #include <QApplication>
 #include <algorithm>
@@ -25,8 +25,8 @@ struct Measurement {
 int main(int argc, char** argv) {
   using namespace kestrava;
 
-  if (argc < 2) {
-    std::fprintf(stderr, "usage: kestrava_bench ADDRESS_OF_A_SILENT_MACHINE [FIGURE...]\n");
+  if (argc < 3) {
+    std::fputs("usage: kestrava_bench SILENT_ADDRESS REFUSING_ADDRESS [FIGURE...]\n", stderr);
     return 2;
   }
   try {
@@ -40,7 +40,9 @@ int main(int argc, char** argv) {
         {"pass_growth", MeasurePassGrowth},
         {"pass_vs_ping", MeasurePassAgainstPing},
         {"pass_vs_fping", MeasurePassAgainstFping},
-        {"silent_cpu", [&] { MeasureSilentMachine(argv[1]); }},
+        {"silent_row", [&] { MeasureSilentMachine(argv[1]); }},
+        {"refused_row_cpu", [&] { MeasureRefusingMachine(argv[2]); }},
+        {"longest_stall", [&] { MeasureLongestStall(argv[1]); }},
         {"pump_idle", MeasureIdlePump},
         {"startup", [&] { MeasureStartup(folder); }},
         {"load_100k", [&] { MeasureLoad(folder); }},
@@ -51,7 +53,7 @@ int main(int argc, char** argv) {
         {"startup_memory", [&] { MeasureStartupMemory(program, bareWindow); }},
         {"idle_wakeups", [&] { MeasureIdleWakeups(program, bareWindow); }},
     };
-    const std::span wanted(argv + 2, argv + argc);
+    const std::span wanted(argv + 3, argv + argc);
     for (const Measurement& measurement : measurements) {
       if (wanted.empty() || std::ranges::find(wanted, measurement.name) != wanted.end()) {
         measurement.run();

@@ -1,5 +1,6 @@
 #include "real_program.h"
 
+#include <QCoreApplication>
 #include <chrono>
 #include <stdexcept>
 #include <thread>
@@ -31,7 +32,12 @@ void RealProgram::Fill(const std::vector<std::string>& addresses) {
 }
 
 double RealProgram::Check(const std::string& status) {
-  const double seconds = SecondsOf([this] { window.cmdCheck.Press(); });
+  const double seconds = SecondsOf([this] {
+    window.cmdCheck.Press();
+    while (window.Pointer() == MousePointer::Busy) {
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+  });
   const MSFlexGrid& grid = window.grdServers;
   for (std::int32_t row = kHeadingRow + 1; row < grid.Rows(); ++row) {
     const std::string& found = grid.TextAt(row, kStatusColumn);
@@ -45,14 +51,14 @@ void RealProgram::CatchUp() {
   auto* view = desktop_.Windows().WidgetOf(window)->findChild<GridView*>();
   static_cast<GridModel*>(view->model())->CatchUp();
   // What has to be painted again waits as an event.
-  if (Loop().PumpEvents() == LoopState::Ending) throw std::runtime_error("the program ended");
+  QCoreApplication::processEvents();
 }
 
 /// Lets the window finish what it has begun to show.
 void RealProgram::Settle() {
   const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(200);
   while (std::chrono::steady_clock::now() < end) {
-    if (Loop().PumpEvents() == LoopState::Ending) return;
+    QCoreApplication::processEvents();
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
 }

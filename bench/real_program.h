@@ -3,7 +3,6 @@
 #include <string>
 #include <vector>
 
-#include "attempt_meter.h"
 #include "monitor/frmMain.h"
 #include "platform/qt/linux_desktop.h"
 
@@ -20,7 +19,7 @@ class RealProgram {
   /// Puts a list of machines into the empty table, and returns when the window shows it.
   void Fill(const std::vector<std::string>& addresses);
 
-  /// Presses "Check Now !" and returns when the pass is over.
+  /// Presses "Check Now !" and serves events until the pass is over.
   /// @return the seconds that it took.
   /// @throws std::runtime_error unless every row then shows `status`.
   double Check(const std::string& status);
@@ -28,7 +27,6 @@ class RealProgram {
   /// Has the view of the table show its latest state at once.
   void CatchUp();
 
-  const AttemptMeter& Attempts() const { return attempts_; }
   EventLoop& Loop() { return services_.eventLoop; }
   FileSystemObject& FileSystem() { return services_.fileSystem; }
   MessageBoxes& Boxes() { return services_.messageBoxes; }
@@ -37,8 +35,7 @@ class RealProgram {
   void Settle();
 
   LinuxDesktop desktop_;
-  AttemptMeter attempts_{desktop_.RemoteDesktop()};
-  Platform services_ = desktop_.ServicesWith(attempts_);
+  Platform services_ = desktop_.Services();
 
  public:
   frmMain window{services_};

@@ -12,23 +12,47 @@ namespace kestrava {
 
 namespace {
 
+/// A cell as it was when the user was asked about it.
+class AskedCell {
+ public:
+  explicit AskedCell(MSFlexGrid& grid)
+      : grid_(grid),
+        row_(grid.Bookmark(grid.Row())),
+        column_(static_cast<Column>(grid.Col())),
+        text_(grid.Text()) {}
+
+  const std::string& Text() const { return text_; }
+
+  /// Writes the user's answer, unless the row has gone or another command has changed the cell
+  /// meanwhile: the user has answered for a text that stands there no more.
+  void Write(const std::string& answer) const {
+    if (MoveToRow(grid_, row_, column_) && grid_.TextView() == text_) grid_.SetText(answer);
+  }
+
+ private:
+  MSFlexGrid& grid_;
+  RowBookmark row_;
+  Column column_;
+  std::string text_;
+};
+
 void EditName(MSFlexGrid& grid, PromptBoxes& promptBoxes) {
-  const RowBookmark row = grid.Bookmark(grid.Row());
+  const AskedCell cell(grid);
   const std::string answer =
-      promptBoxes.InputBox("Please Enter the New Connection Name", "Connection Name", grid.Text());
-  if (!answer.empty() && MoveToRow(grid, row, kNameColumn)) grid.SetText(answer);
+      promptBoxes.InputBox("Please Enter the New Connection Name", "Connection Name", cell.Text());
+  if (!answer.empty()) cell.Write(answer);
 }
 
 void EditAddress(MSFlexGrid& grid, PromptBoxes& promptBoxes, MessageBoxes& messageBoxes) {
-  const RowBookmark row = grid.Bookmark(grid.Row());
+  const AskedCell cell(grid);
   const std::string answer = promptBoxes.InputBox("Please Enter the New Connection Address",
-                                                  "Connection Address", grid.Text());
+                                                  "Connection Address", cell.Text());
   if (answer.empty()) return;
   if (!IsDottedAddress(answer)) {
     messageBoxes.MsgBox("Not a Valid Address Format", MessageIcon::Stop);
     return;
   }
-  if (MoveToRow(grid, row, kAddressColumn)) grid.SetText(answer);
+  cell.Write(answer);
 }
 
 void ToggleChecking(MSFlexGrid& grid) {

@@ -5,7 +5,6 @@
 #include <cstring>
 #include <span>
 
-#include "platform/event_loop.h"
 #include "platform/message_box.h"
 #include "platform/processes.h"
 #include "platform/registry.h"
@@ -111,10 +110,8 @@ void RegAPI::OpenUrlInBrowser(const std::string& url) {
   try {
     processes_.Start(browser + " " + url);
   } catch (const RuntimeError&) {
-    return refuse();
+    refuse();
   }
-  // The browser comes to the front behind the events that wait; nothing here depends on them.
-  (void)eventLoop_.PumpEvents();
 }
 
 }  // namespace kestrava

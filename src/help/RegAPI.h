@@ -8,7 +8,6 @@
 
 namespace kestrava {
 
-class EventLoop;
 class MessageBoxes;
 class Processes;
 class Registry;
@@ -32,21 +31,18 @@ std::string FindBrowserCommand(Registry& registry);
 /// Web pages in the user's browser.
 class RegAPI {
  public:
-  RegAPI(Registry& registry, Processes& processes, MessageBoxes& messageBoxes, EventLoop& eventLoop)
-      : registry_(registry),
-        processes_(processes),
-        messageBoxes_(messageBoxes),
-        eventLoop_(eventLoop) {}
+  RegAPI(Registry& registry, Processes& processes, MessageBoxes& messageBoxes)
+      : registry_(registry), processes_(processes), messageBoxes_(messageBoxes) {}
 
   /// Starts the browser with `url` and doesn't wait for it. Without a browser that starts, a
-  /// message says so.
+  /// message says so. To be the last thing that a handler does: the turn of the event loop that the
+  /// browser's window wants comes when the handler has returned.
   void OpenUrlInBrowser(const std::string& url);
 
  private:
   Registry& registry_;
   Processes& processes_;
   MessageBoxes& messageBoxes_;
-  EventLoop& eventLoop_;
 };
 
 }  // namespace kestrava

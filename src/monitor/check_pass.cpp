@@ -14,58 +14,48 @@ namespace kestrava {
 
 namespace {
 
-/// Marks a pass as under way for as long as it lives, however the pass ends.
-class RunningMark {
+/// The busy pointer over a window for as long as this lives, however the pass ends.
+class BusyPointer {
  public:
-  RunningMark(bool& running, Form& window) : running_(running), window_(window) {
-    running_ = true;
-    window_.SetPointer(MousePointer::Busy);
-  }
-  ~RunningMark() {
-    running_ = false;
-    window_.SetPointer(MousePointer::Default);
-  }
-  RunningMark(const RunningMark&) = delete;
-  RunningMark& operator=(const RunningMark&) = delete;
+  explicit BusyPointer(Form& window) : window_(window) { window_.SetPointer(MousePointer::Busy); }
+  ~BusyPointer() { window_.SetPointer(MousePointer::Default); }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
 
  private:
-  bool& running_;
   Form& window_;
 };
 
 }  // namespace
 
-PassResult CheckPass::Run() {
-  if (running_) return PassResult::NotRun;
-  const RunningMark mark(running_, window_);
+Task<> CheckPass::Run() {
+  const BusyPointer busy(window_);
   state_.FailedConnections.clear();
   const RowBookmark last = grid_.Bookmark(grid_.Rows() - 1);
   std::int32_t next = kHeadingRow + 1;
   while (next < grid_.Rows()) {
     const RowBookmark row = grid_.Bookmark(next);
     if (row > last) break;
-    if (CheckRow(row) == LoopState::Ending) return PassResult::NotRun;
+    co_await CheckRow(row);
     next = grid_.RowBehind(row);
   }
-  return PassResult::Completed;
 }
 
-LoopState CheckPass::CheckRow(RowBookmark row) {
+Task<> CheckPass::CheckRow(RowBookmark row) {
   MoveToRow(grid_, row, kAddressColumn);
-  if (eventLoop_.PumpEvents() == LoopState::Ending) return LoopState::Ending;
-  if (!MoveToRow(grid_, row, kCheckingColumn)) return LoopState::Running;
-  if (grid_.TextView() == kCheckingDisabled) return LoopState::Running;
+  co_await eventLoop_.PumpEvents();
+  if (!MoveToRow(grid_, row, kCheckingColumn)) co_return;
+  if (grid_.TextView() == kCheckingDisabled) co_return;
   grid_.SetCol(kAddressColumn);
   const std::string address = grid_.Text();
-  const std::string answer = probe_.CheckServerConnection(address);
-  if (eventLoop_.PumpEvents() == LoopState::Ending) return LoopState::Ending;
-  if (!MoveToRow(grid_, row, kLampColumn)) return LoopState::Running;
+  const std::string answer = co_await probe_.CheckServerConnection(address);
+  co_await eventLoop_.PumpEvents();
+  if (!MoveToRow(grid_, row, kLampColumn)) co_return;
   if (ReadsAsNumber(answer)) {
     WriteOnline(answer);
   } else {
     WriteOffline(answer);
   }
-  return LoopState::Running;
 }
 
 void CheckPass::WriteOnline(const std::string& answer) {

@@ -3,6 +3,8 @@
 #include <chrono>
 #include <string>
 
+#include "platform/task.h"
+
 namespace kestrava {
 
 class Clock;
@@ -12,13 +14,6 @@ class Form;
 class MSFlexGrid;
 struct RowBookmark;
 struct SharedState;
-enum class LoopState;
-
-/// How a pass ended.
-enum class PassResult {
-  Completed,
-  NotRun,  ///< another pass is under way, or the program is ending
-};
 
 /// One walk over the connection table: every row's address is tested and the outcome written into
 /// that row. Events are delivered meanwhile, so rows may come and go; the pass keeps to the rows
@@ -35,11 +30,11 @@ class CheckPass {
         window_(window),
         state_(state) {}
 
-  /// Runs a pass to its end, unless one is under way already.
-  PassResult Run();
+  /// A pass from its start to its end. Not to be run while another one is under way.
+  Task<> Run();
 
  private:
-  LoopState CheckRow(RowBookmark row);
+  Task<> CheckRow(RowBookmark row);
   void WriteOnline(const std::string& answer);
   void WriteOffline(const std::string& answer);
   const std::string& NowText();
@@ -50,7 +45,6 @@ class CheckPass {
   const Clock& clock_;
   Form& window_;
   SharedState& state_;
-  bool running_ = false;
   std::chrono::local_seconds textSecond_{};
   std::string text_;  ///< that second, as it stands in a cell
 };

@@ -1,5 +1,8 @@
 #include "monitor/frmMain.h"
 
+#include <exception>
+#include <utility>
+
 #include "editing/add_connection.h"
 #include "editing/grid_edit.h"
 #include "editing/remove_connections.h"
@@ -9,6 +12,7 @@
 #include "lists/connection_list_file.h"
 #include "monitor/connection_table.h"
 #include "monitor/main_window_spec.h"
+#include "platform/error_report.h"
 #include "platform/notification_area.h"
 #include "platform/window_system.h"
 #include "settings/edit_preferences.h"
@@ -35,7 +39,7 @@ frmMain::frmMain(const Platform& platform)
       popup_(*this, mnufile, mnuFileRestore, platform.messages, state_,
              [this] { RestoreWindow(); }),
       icon_(platform.notificationArea, platform.versions, popup_),
-      browser_(platform.registry, platform.processes, platform.messageBoxes, platform.eventLoop) {
+      browser_(platform.registry, platform.processes, platform.messageBoxes) {
   Load.Connect([this] { Form_Load(); });
   Resize.Connect([this] { Form_Resize(); });
   Unload.Connect([this] { Form_Unload(); });
@@ -79,6 +83,7 @@ void frmMain::Form_Resize() {
 }
 
 void frmMain::Form_Unload() {
+  check_ = {};
   if (!state_.LastListFile.empty()) {
     WriteText(platform_.settings, kLastListFile, state_.LastListFile);
   }
@@ -92,7 +97,9 @@ void frmMain::cmdAdd_Click() {
 }
 
 void frmMain::cmdCheck_Click() {
-  if (checkPass_.Run() == PassResult::Completed) ReportFailures();
+  if (check_.UnderWay()) return;
+  check_ = Check();
+  check_.Start();
 }
 
 void frmMain::cmdRemove_Click() {
@@ -106,8 +113,13 @@ void frmMain::grdServers_DblClick() {
 
 void frmMain::tmrCheck_Timer() {
   if (!schedule_.IsDue()) return;
-  cmdCheck.Press();
-  schedule_.SetNextCheckTime();
+  if (check_.UnderWay()) {
+    // It is taken as the one that is due.
+    schedule_.SetNextCheckTime();
+  } else {
+    checkIsTimed_ = true;
+    cmdCheck.Press();
+  }
 }
 
 void frmMain::tmrBalloon_Timer() {
@@ -159,6 +171,17 @@ void frmMain::mnuHelpAbout_Click() {
 }
 
 void frmMain::RestoreWindow() { mnuFileRestore_Click(); }
+
+Task<> frmMain::Check() {
+  try {
+    co_await checkPass_.Run();
+    ReportFailures();
+  } catch (...) {
+    // The next pass comes all the same.
+    ReportError(std::current_exception());
+  }
+  if (std::exchange(checkIsTimed_, false)) schedule_.SetNextCheckTime();
+}
 
 void frmMain::ApplyButtonRule() {
   const bool hasConnections = grdServers.Rows() > 1;

@@ -8,6 +8,7 @@
 #include "platform/flex_grid.h"
 #include "platform/form.h"
 #include "platform/platform.h"
+#include "platform/task.h"
 #include "probes/connection_probe.h"
 #include "probes/modPing.h"
 #include "tray/modPopup.h"
@@ -78,6 +79,8 @@ class frmMain : public Form {
   void mnuHelpCont_Click();
   void mnuHelpAbout_Click();
 
+  /// A check pass and what it leads to. While it is under way it counts as any pass that falls due.
+  Task<> Check();
   /// A table without connections has nothing to check or to remove.
   void ApplyButtonRule();
   /// Out of sight, a pass tells its failures in a balloon.
@@ -95,6 +98,8 @@ class frmMain : public Form {
   modPopup popup_;
   NotificationIcon icon_;
   RegAPI browser_;
+  bool checkIsTimed_ = false;  ///< the schedule has begun the pass that is under way
+  Task<> check_;               ///< the latest pass; it goes before all that it works with
 };
 
 }  // namespace kestrava

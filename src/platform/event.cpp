@@ -1,7 +1,8 @@
 #include "platform/event.h"
 
-#include <cstdio>
 #include <exception>
+
+#include "platform/error_report.h"
 
 namespace kestrava {
 
@@ -9,10 +10,8 @@ void Event::Raise() const noexcept {
   if (!handler_) return;
   try {
     handler_();
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "kestrava: %s\n", error.what());
   } catch (...) {
-    std::fputs("kestrava: unknown error in an event handler\n", stderr);
+    ReportError(std::current_exception());
   }
 }
 

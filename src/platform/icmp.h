@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "platform/task.h"
+
 namespace kestrava {
 
 /// IP options of an echo, 8 bytes.
@@ -68,14 +70,16 @@ class IcmpService {
   virtual IcmpHandle IcmpCreateFile() = 0;
 
   /// Sends one echo request with `data` to `address` (in memory: network byte order) and waits for
-  /// the reply, at most `timeoutMilliseconds`. `options` is nullptr for none; `replySize` is the
-  /// size of `reply` in bytes.
+  /// the reply, at most `timeoutMilliseconds`, while the event loop goes on. `options` is nullptr
+  /// for none; `replySize` is the size of `reply` in bytes. What the arguments refer to, and the
+  /// handle, must stay until the task has ended or gone.
   /// @return non-zero if a reply came: `Status` 0, `RoundTripTime` in milliseconds and `DataSize`
   ///   of 1 or more. 0 if none came: `Status` says why, `RoundTripTime` is 10000 and `DataSize` 0.
-  virtual std::uint32_t IcmpSendEcho(IcmpHandle handle, std::int32_t address, std::string_view data,
-                                     const IP_OPTION_INFORMATION* options, EchoReply& reply,
-                                     std::uint32_t replySize,
-                                     std::uint32_t timeoutMilliseconds) = 0;
+  virtual Task<std::uint32_t> IcmpSendEcho(IcmpHandle handle, std::int32_t address,
+                                           std::string_view data,
+                                           const IP_OPTION_INFORMATION* options, EchoReply& reply,
+                                           std::uint32_t replySize,
+                                           std::uint32_t timeoutMilliseconds) = 0;
 
   /// Gives the handle back.
   virtual bool IcmpCloseHandle(IcmpHandle handle) = 0;

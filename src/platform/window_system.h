@@ -29,8 +29,8 @@ class WindowSystem {
   virtual void ShowModal(Form& form) = 0;
 
   /// Raises `form.Unload`, then takes the native window away. The form's own state stays readable.
-  /// Unloading the main window ends the program: every modal wait returns and `PumpEvents` gives
-  /// `LoopState::Ending` from then on. A form that isn't loaded is left alone.
+  /// Unloading the main window ends the program: every modal wait returns. A form that isn't loaded
+  /// is left alone.
   virtual void Unload(Form& form) = 0;
 
   /// The screen that `form` is on, and the outer size of the window, in twips of that form.

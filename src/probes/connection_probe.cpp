@@ -39,23 +39,21 @@ class RemoteDesktopStage {
       : rdp_(rdp), eventLoop_(eventLoop), address_(address), result_(result) {}
 
   /// Lets go of whatever connection an earlier probe left behind, however long that takes.
-  LoopState DropEarlierConnection() {
+  Task<> DropEarlierConnection() {
     if (rdp_.Connected() == kConnected) rdp_.Disconnect();
     do {
-      if (eventLoop_.PumpEvents() == LoopState::Ending) return LoopState::Ending;
+      co_await eventLoop_.PumpEvents();
     } while (rdp_.Connected() == kConnected);
-    return LoopState::Running;
   }
 
-  void Attempt() {
+  Task<> Attempt() {
     rdp_.SetServer(address_);
     rdp_.Connect();
-    if (WaitFor(kConnected) == LoopState::Ending) return;
+    co_await WaitFor(kConnected);
     if (rdp_.Connected() == kConnected) {
       result_ = "3389";
       rdp_.Disconnect();
-      // A drop that doesn't come about in what is left of the count is the next probe's business.
-      (void)WaitFor(kNotConnected);
+      co_await WaitFor(kNotConnected);
     } else {
       result_ = "No Response";
     }
@@ -64,13 +62,12 @@ class RemoteDesktopStage {
  private:
   /// Pumps events until the control reads `state`, within the count that all waits of one probe
   /// share.
-  LoopState WaitFor(std::int16_t state) {
+  Task<> WaitFor(std::int16_t state) {
     while (waitCount_ < kWaitBound) {
-      if (eventLoop_.PumpEvents() == LoopState::Ending) return LoopState::Ending;
+      co_await eventLoop_.PumpEvents();
       if (rdp_.Connected() == state) break;
       ++waitCount_;
     }
-    return LoopState::Running;
   }
 
   MsRdpClient2& rdp_;
@@ -82,28 +79,29 @@ class RemoteDesktopStage {
 
 }  // namespace
 
-std::string ConnectionProbe::CheckServerConnection(const std::string& connAddress) {
+Task<std::string> ConnectionProbe::CheckServerConnection(const std::string& connAddress) {
   std::string result;
   RemoteDesktopStage stage(rdp_, eventLoop_, connAddress, result);
   try {
-    try {
-      EchoReply reply{};
-      ping_.SendEchoRequest(connAddress, reply);
-      if (reply.DataSize >= kLowestDataSize) return std::to_string(reply.DataSize);
-      if (reply.RoundTripTime < kNoReplyRoundTripTime) return std::to_string(reply.RoundTripTime);
-      result = BareStatusText(EchoStatusText(reply.Status));
-      if (stage.DropEarlierConnection() == LoopState::Ending) return result;
-      stage.Attempt();
-    } catch (const RuntimeError& error) {
-      if (error.Number() != kErrorPeerDropped) return result;
-      // The peer dropped the connection: try once more, within the same count.
-      if (rdp_.Connected() == kConnected) rdp_.Disconnect();
-      stage.Attempt();
-    }
+    EchoReply reply{};
+    co_await ping_.SendEchoRequest(connAddress, reply);
+    if (reply.DataSize >= kLowestDataSize) co_return std::to_string(reply.DataSize);
+    if (reply.RoundTripTime < kNoReplyRoundTripTime) co_return std::to_string(reply.RoundTripTime);
+    result = BareStatusText(EchoStatusText(reply.Status));
+    co_await stage.DropEarlierConnection();
+    co_await stage.Attempt();
+    co_return result;
+  } catch (const RuntimeError& error) {
+    if (error.Number() != kErrorPeerDropped) co_return result;
+  }
+  // The peer dropped the connection: try once more, within the same count.
+  try {
+    if (rdp_.Connected() == kConnected) rdp_.Disconnect();
+    co_await stage.Attempt();
   } catch (const RuntimeError&) {
     // A further error: the text in hand is the answer.
   }
-  return result;
+  co_return result;
 }
 
 }  // namespace kestrava

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "platform/task.h"
+
 namespace kestrava {
 
 class EventLoop;
@@ -15,11 +17,11 @@ class ConnectionProbe {
   ConnectionProbe(modPing& ping, MsRdpClient2& rdp, EventLoop& eventLoop)
       : ping_(ping), rdp_(rdp), eventLoop_(eventLoop) {}
 
-  /// @param connAddress the dotted address as it stands in the table.
+  /// @param connAddress the dotted address as it stands in the table. It must stay until the task
+  ///   has ended or gone.
   /// @return a decimal number if the echo was answered, "3389" if the Remote Desktop connect
-  ///   succeeded, and any other text, the reason, if neither did. Once the program is ending, the
-  ///   text of that moment. Errors never leave the probe.
-  std::string CheckServerConnection(const std::string& connAddress);
+  ///   succeeded, and any other text, the reason, if neither did. Errors never leave the probe.
+  Task<std::string> CheckServerConnection(const std::string& connAddress);
 
  private:
   modPing& ping_;

@@ -48,16 +48,16 @@ std::int32_t DottedAddressToLong(const std::string& address) {
   return static_cast<std::int32_t>(bytes);
 }
 
-std::int32_t modPing::SendEchoRequest(const std::string& connAddress, EchoReply& reply) {
+Task<std::int32_t> modPing::SendEchoRequest(const std::string& connAddress, EchoReply& reply) {
   const std::int32_t address = DottedAddressToLong(connAddress);
-  socketLayer_.OpenSocketLayer();
+  co_await socketLayer_.OpenSocketLayer();
   const IcmpHandle handle = icmp_.IcmpCreateFile();
-  const std::uint32_t replies = icmp_.IcmpSendEcho(handle, address, kPayload, nullptr, reply,
-                                                   sizeof(EchoReply), kTimeoutMilliseconds);
+  const std::uint32_t replies = co_await icmp_.IcmpSendEcho(
+      handle, address, kPayload, nullptr, reply, sizeof(EchoReply), kTimeoutMilliseconds);
   const std::int32_t result = replies != 0 ? reply.RoundTripTime : Negated(reply.Status);
   icmp_.IcmpCloseHandle(handle);
-  socketLayer_.CloseSocketLayer();
-  return result;
+  co_await socketLayer_.CloseSocketLayer();
+  co_return result;
 }
 
 }  // namespace kestrava

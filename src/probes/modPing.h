@@ -23,10 +23,10 @@ class modPing {
       : icmp_(icmp), socketLayer_(sockets, messageBoxes) {}
 
   /// Sends the echo, waits for its reply for at most 200 ms and fills `reply`, which the caller
-  /// gives all zero.
+  /// gives all zero. Both arguments must stay until the task has ended or gone.
   /// @return the round-trip time in milliseconds, or the status negated if no reply came.
   /// @throws what `DottedAddressToLong` throws, before anything is sent.
-  std::int32_t SendEchoRequest(const std::string& connAddress, EchoReply& reply);
+  Task<std::int32_t> SendEchoRequest(const std::string& connAddress, EchoReply& reply);
 
  private:
   IcmpService& icmp_;

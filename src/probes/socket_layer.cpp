@@ -20,39 +20,43 @@ int WordHighByte(std::int16_t word) { return (word / 256) & 0xFF; }
 
 int WordLowByte(std::int16_t word) { return word & 0xFF; }
 
-bool SocketLayer::OpenSocketLayer() {
+Task<bool> SocketLayer::OpenSocketLayer() {
   WSADATA data{};
   if (sockets_.WSAStartup(kVersion, data) != 0) {
-    messageBoxes_.MsgBox(
+    co_await AwaitedMsgBox(
+        messageBoxes_,
         "Windows Sockets for 32 bit Windows environments is not successfully responding.",
         MessageIcon::None);
-    return false;
+    co_return false;
   }
   const auto version = static_cast<std::int16_t>(data.wVersion);
   const int major = WordLowByte(version);
   const int minor = WordHighByte(version);
   if (major < kLowestMajor || (major == kLowestMajor && minor < kLowestMinor)) {
-    messageBoxes_.MsgBox(
+    co_await AwaitedMsgBox(
+        messageBoxes_,
         "Windows Sockets Version " + std::to_string(major) + "." + std::to_string(minor) +
             " is not supported by Windows Sockets for 32 bit Windows environments.",
         MessageIcon::Exclamation);
-    return false;
+    co_return false;
   }
   if (data.iMaxSockets < kFewestSockets) {
-    messageBoxes_.MsgBox("This application requires a minimum of " +
-                             std::to_string(kFewestSockets) + " supported sockets.",
-                         MessageIcon::Exclamation);
-    return false;
+    co_await AwaitedMsgBox(messageBoxes_,
+                           "This application requires a minimum of " +
+                               std::to_string(kFewestSockets) + " supported sockets.",
+                           MessageIcon::Exclamation);
+    co_return false;
   }
-  return true;
+  co_return true;
 }
 
-bool SocketLayer::CloseSocketLayer() {
+Task<bool> SocketLayer::CloseSocketLayer() {
   const int result = sockets_.WSACleanup();
-  if (result == 0) return true;
-  messageBoxes_.MsgBox("Windows Sockets error " + std::to_string(result) + " occurred in Cleanup.",
-                       MessageIcon::Exclamation);
-  return false;
+  if (result == 0) co_return true;
+  co_await AwaitedMsgBox(
+      messageBoxes_, "Windows Sockets error " + std::to_string(result) + " occurred in Cleanup.",
+      MessageIcon::Exclamation);
+  co_return false;
 }
 
 }  // namespace kestrava

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "platform/task.h"
+
 namespace kestrava {
 
 class MessageBoxes;
@@ -12,18 +14,18 @@ int WordHighByte(std::int16_t word);
 /// The low 8 bits of a word.
 int WordLowByte(std::int16_t word);
 
-/// The system's socket layer, up for the length of one echo. Every failure shows its message and
-/// has no other effect.
+/// The system's socket layer, up for the length of one echo. Every failure shows its message, waits
+/// for the user's answer and has no other effect.
 class SocketLayer {
  public:
   SocketLayer(WindowsSockets& sockets, MessageBoxes& messageBoxes)
       : sockets_(sockets), messageBoxes_(messageBoxes) {}
 
   /// True if the layer is up and good enough: version 1.1 or later, and at least one socket.
-  bool OpenSocketLayer();
+  Task<bool> OpenSocketLayer();
 
   /// True if the layer was closed without complaint.
-  bool CloseSocketLayer();
+  Task<bool> CloseSocketLayer();
 
  private:
   WindowsSockets& sockets_;

@@ -22,6 +22,7 @@ TEST(Accessibility, TabReachesEveryControlByItsNameAndTheLampSpeaks) {
   auto* lamp = QAccessible::queryAccessibleInterface(desktop.view)->child(6);
   EXPECT_EQ(lamp->text(QAccessible::Name), "Unchecked");
   desktop.main.cmdCheck.Press();
+  desktop.Finish();
   EXPECT_EQ(lamp->text(QAccessible::Name), "Online");
 
   for (Button* button : {&desktop.main.cmdCheck, &desktop.main.cmdRemove}) button->SetEnabled(true);

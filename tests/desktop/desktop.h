@@ -109,6 +109,14 @@ struct Desktop {
     main.grdServers.SetRows(1);
     main.grdServers.SetRows(2);
   }
+  /// Lets the pass that is under way come to its end.
+  void Finish() const {
+    ASSERT_TRUE(QTest::qWaitFor([&] { return main.Pointer() == MousePointer::Default; }, 60000));
+  }
+  void Check() const {
+    Click("cmdCheck");
+    Finish();
+  }
   std::string Cell(int row, int column) const { return grid.TextAt(row, column); }
   /// The texts of a column, with ";" behind each.
   std::string Texts(int column) const {

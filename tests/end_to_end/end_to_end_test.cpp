@@ -15,7 +15,7 @@ TEST(EndToEnd, EveryKindOfMachineShowsItsOutcome) {
       {"0.0.0.0", "Offline (ip bad destination)"}, {"1..2.3", "Offline ()"}};
   for (const auto& [address, status] : rows) Add(address);
   const auto check = [&] {
-    Click("cmdCheck");
+    desktop.Check();
     return desktop.Cell(2, 3);
   };
   {

@@ -30,7 +30,7 @@ struct Session : Scenario {
     files.files[name] = kList;
     fileDialog.choices = {name, name};
     window.mnuFileLoad.Click.Raise();
-    window.cmdCheck.Press();
+    Check();
     window.mnuFileSave.Click.Raise();
   }
   /// Has the fault come?

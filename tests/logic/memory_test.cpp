@@ -91,6 +91,7 @@ TEST(Schedule, ChecksWhereATickMeetsTheDueMinuteOfTheClock) {
   for (const auto& [clock, expected, next] : ticks) {
     program.clock.now = midnight + clock;
     program.window.tmrCheck.Tick.Raise();
+    program.Finish();
     EXPECT_EQ(passes, expected) << next;
     EXPECT_EQ(program.window.State().NextCheckTime, next);
   }
@@ -98,25 +99,31 @@ TEST(Schedule, ChecksWhereATickMeetsTheDueMinuteOfTheClock) {
 
 TEST(Schedule, CountsFromTheEndOfThePass) {
   Scenario program(StoredSettings{{"Interval", "1"}});
+  program.network.At("10.0.0.1") = kAnswering;
   program.Add("A", "10.0.0.1");
-  const auto tick = [&](std::chrono::seconds later) {
-    program.clock.now += later;
+  const SharedState& state = program.window.State();
+  const auto tick = [&] {
+    program.clock.now += 1min;
     program.window.tmrCheck.Tick.Raise();
   };
-  program.network.onEcho = [&] { tick(2min); };
-  tick(1min);
-  EXPECT_EQ(program.window.State().NextCheckTime, "14:04");
+  tick();
+  EXPECT_TRUE(program.Checking());
+  program.desktop.onTurn = tick;
+  program.desktop.Turn();
+  EXPECT_EQ(state.NextCheckTime, "14:01") << "the pass hasn't ended yet";
+  program.Finish();
+  EXPECT_EQ(state.NextCheckTime, "14:04");
 
   // The due minute falls into a pass that the user began: that pass is taken as the timed one.
-  program.network.onEcho = [&] { tick(1min); };
-  program.window.cmdCheck.Press();
-  EXPECT_EQ(program.network.attempts.size(), 2U) << "one for each pass";
-  EXPECT_EQ(program.window.State().NextCheckTime, "14:05");
+  program.network.calls.clear();
+  program.Check();
+  EXPECT_EQ(std::ranges::count(program.network.calls, "cleanup"), 1);
+  EXPECT_EQ(state.NextCheckTime, "14:06");
 
   // With an empty table the due time moves on all the same.
   program.window.grdServers.SetRows(1);
-  tick(1min);
-  EXPECT_EQ(program.window.State().NextCheckTime, "14:06");
+  tick();
+  EXPECT_EQ(state.NextCheckTime, "14:07");
 }
 
 }  // namespace kestrava::test

@@ -1,8 +1,9 @@
+#include "support/await.h"
 #include "support/memory_desktop.h"
 
 namespace kestrava::test {
 
-constexpr const char* kHost = "10.0.0.200";
+const std::string kHost = "10.0.0.200";
 
 struct Probing {
   MemoryDesktop desktop;
@@ -10,9 +11,16 @@ struct Probing {
   modPing ping{network, network, desktop};
   ConnectionProbe probe{ping, network, desktop};
 
+  template <typename Result>
+  Result InTurns(Task<Result> work) {
+    return Await(std::move(work), [this] { desktop.Turn(); });
+  }
+  std::string CheckAddress(const std::string& address) {
+    return InTurns(probe.CheckServerConnection(address));
+  }
   std::string Check(const Machine& machine) {
     network.At(kHost) = machine;
-    return probe.CheckServerConnection(kHost);
+    return CheckAddress(kHost);
   }
 };
 
@@ -35,6 +43,8 @@ TEST_F(Probe, AnswersByTheRecordAlone) {
       {{.status = 7, .connectError = 5}, "unknown  msg returned", 1},
       {{.connectsAfter = 2, .dropsBefore = 1}, "3389", 2},
       {{.connectsAfter = 2, .dropsBefore = 2}, "ip req timed out", 2},
+      {{.dataSize = 9, .roundTripTime = 3, .status = 0, .echoTurns = 3}, "9", 0},
+      {{.connectsAfter = 2, .echoTurns = 2}, "3389", 1},
   };
   for (const auto& [machine, answer, attempts] : cases) {
     SCOPED_TRACE(answer);
@@ -56,8 +66,9 @@ TEST_F(Probe, SendsOneEchoBetweenTheLayersStartAndItsEnd) {
   EXPECT_EQ(network.calls,
             (Texts{"start 257", "create", "echo Echo This 200 278", "close 77", "cleanup"}));
   EchoReply reply{};
-  EXPECT_EQ(ping.SendEchoRequest(kHost, reply), 1);
-  EXPECT_EQ(ping.SendEchoRequest("1.2.3.4", reply), -11010);
+  const std::string silent = "1.2.3.4";
+  EXPECT_EQ(InTurns(ping.SendEchoRequest(kHost, reply)), 1);
+  EXPECT_EQ(InTurns(ping.SendEchoRequest(silent, reply)), -11010);
 }
 
 TEST_F(Probe, ReadsAddressesAsTheirTextSays) {
@@ -73,7 +84,7 @@ TEST_F(Probe, ReadsAddressesAsTheirTextSays) {
 
   for (const char* bad :
        {"1.2.3.4.5", "1..2.3", "a.b.c.d", "1.2.3.4x", "+-1.2.3.4", "1.1.1.-2147483649"}) {
-    EXPECT_EQ(probe.CheckServerConnection(bad), "") << bad;
+    EXPECT_EQ(CheckAddress(bad), "") << bad;
   }
   EXPECT_TRUE(network.calls.empty()) << "a bad address leaves the socket layer untouched";
 }

@@ -25,7 +25,7 @@ static void Put(std::string text, char (&field)[kWidth]) {
 TEST(NotificationIcon, TellsExactlyTheseRecords) {
   Scenario program(kInTray);
   program.Add(std::string(300, 'x'), "10.0.0.1");
-  program.window.cmdCheck.Press();
+  program.Check();
   ASSERT_TRUE(program.window.tmrBalloon.Enabled());
   program.window.tmrBalloon.Tick.Raise();
   EXPECT_FALSE(program.window.tmrBalloon.Enabled());
@@ -70,7 +70,7 @@ TEST(TrayMessages, AnswersTheIconAndHandsOnTheRest) {
   EXPECT_TRUE(program.window.State().InTray);
   EXPECT_TRUE(shell.calls.empty());
 
-  program.window.cmdCheck.Press();
+  program.Check();
   EXPECT_EQ(program.window.State().BalloonAction, "ShowMain") << "even with nothing to report";
   EXPECT_EQ(shell.told.size(), 2U);
   EXPECT_EQ(shell.procedure(kWindow, 32789, 0, 0x405), 0);

@@ -4,12 +4,14 @@
 #include <cstdlib>
 #include <fstream>
 #include <linux/capability.h>
+#include <poll.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
 #include "platform/linux/linux_icmp.h"
+#include "support/await.h"
 #include "support/network_namespace.h"
 
 namespace kestrava::test {
@@ -40,8 +42,13 @@ class EchoRoad : public NetworkTest, public testing::WithParamInterface<Road> {
   int Echo(const char* address) {
     const IcmpHandle handle = icmp_.IcmpCreateFile();
     const auto number = std::bit_cast<std::int32_t>(inet_addr(address));
-    const auto came =
-        icmp_.IcmpSendEcho(handle, number, kPayload, nullptr, reply_, sizeof reply_, 200);
+    const auto came = Await(
+        icmp_.IcmpSendEcho(handle, number, kPayload, nullptr, reply_, sizeof reply_, 200), [this] {
+          pollfd watched{waits_.Descriptor(), POLLIN, 0};
+          poll(&watched, 1, -1);
+          waits_.Dispatch();
+        });
+    EXPECT_FALSE(waits_.UnderWay());
     EXPECT_EQ(came != 0, reply_.Status == 0);
     EXPECT_EQ(reply_.DataSize, came ? 9 : 0);
     EXPECT_EQ(reply_.RoundTripTime < 10000, came != 0);
@@ -59,7 +66,8 @@ class EchoRoad : public NetworkTest, public testing::WithParamInterface<Road> {
     return counters;
   }
 
-  LinuxIcmp icmp_;
+  DescriptorWaits waits_;
+  LinuxIcmp icmp_{waits_};
   EchoReply reply_{};
 
  private:

@@ -35,7 +35,8 @@ using Act = std::function<void()>;
 
 using Texts = std::vector<std::string>;
 
-/// Windows, message boxes and the event loop without a screen. A scripted user acts in the turns.
+/// Windows, message boxes and the event loop without a screen. A scripted user acts in the turns,
+/// and answers what waits for him when it has been open for some of them.
 class MemoryDesktop : public WindowSystem,
                       public EventLoop,
                       public MessageBoxes,
@@ -48,11 +49,13 @@ class MemoryDesktop : public WindowSystem,
   void Show(Form& form) override { form.SetVisible(true); }
   void ShowModal(Form& form) override {
     form.SetVisible(true);
+    std::function<void(Form&)> act = [](Form&) {};
     if (!dialogs.empty()) {
-      const auto act = std::move(dialogs.front());
+      act = std::move(dialogs.front());
       dialogs.pop_front();
-      act(form);
     }
+    Wait();
+    if (!ended) act(form);
     form.SetVisible(false);
   }
   void Unload(Form& form) override {
@@ -66,20 +69,38 @@ class MemoryDesktop : public WindowSystem,
     return {form.Spec().width + 90, form.Spec().height + 375};
   }
 
-  LoopState PumpEvents() override {
-    ++turns;
-    if (ended) return LoopState::Ending;
-    if (onTurn) onTurn();
-    return ended ? LoopState::Ending : LoopState::Running;
+  void MsgBox(const std::string& text, MessageIcon icon) override {
+    boxes.push_back({text, icon});
+    Wait();
   }
-
-  void MsgBox(const std::string& text, MessageIcon icon) override { boxes.push_back({text, icon}); }
+  std::unique_ptr<OpenMsgBox> ShowMsgBox(const std::string& text, MessageIcon icon,
+                                         std::function<void()> answered) override {
+    boxes.push_back({text, icon});
+    return std::make_unique<OpenBox>(*this, std::move(answered));
+  }
   YesNo AskYesNo(const std::string& text, const std::string& title) override {
     questions.push_back(title + " " + text);
-    return overwrite;
+    Wait();
+    return ended ? YesNo::No : overwrite;
   }
   std::string InputBox(const std::string&, const std::string&, const std::string&) override {
-    return onPrompt();
+    const auto answer = onPrompt;
+    Wait();
+    return ended ? "" : answer();
+  }
+
+  /// One turn of the event loop: first the user acts, then what waited for the turn goes on.
+  void Turn() {
+    ++turns;
+    if (onTurn && !ended) onTurn();
+    if (!openBoxes.empty()) std::exchange(openBoxes.front()->answered, [] {})();
+    EndTurn();
+  }
+  /// A modal wait of a dialog, a box or a menu.
+  void Wait() {
+    ++waits;
+    for (int turn = openFor; turn > 0 && !ended; --turn) Turn();
+    --waits;
   }
 
   std::set<Form*> loaded;
@@ -89,8 +110,26 @@ class MemoryDesktop : public WindowSystem,
   YesNo overwrite = YesNo::Yes;           ///< the user's answer to each question
   std::function<std::string()> onPrompt;  ///< gives the user's answer
   Act onTurn;
+  int openFor = 1;  ///< turns until the user answers what waits for him
+  int waits = 0;    ///< how many of those are open
   long turns = 0;
   bool ended = false;
+
+ private:
+  struct OpenBox : OpenMsgBox {
+    OpenBox(MemoryDesktop& all, std::function<void()> act)
+        : desktop(all), answered(std::move(act)) {
+      desktop.openBoxes.push_back(this);
+    }
+    ~OpenBox() override { std::erase(desktop.openBoxes, this); }
+    MemoryDesktop& desktop;
+    std::function<void()> answered;
+  };
+
+  bool TurnIsSpared() override { return false; }
+  void BeginTurn() override {}
+
+  std::deque<OpenBox*> openBoxes;
 };
 
 /// How one machine behaves.
@@ -102,6 +141,7 @@ struct Machine {
   int dropsBefore = 0;     ///< attempts that end in the error of a dropped connection
   int connectError = 0;    ///< number of the error that `Connect` raises, 0 for none
   bool lingers = false;    ///< a dropped connection stays up until the count is used up
+  int echoTurns = 0;       ///< turns until the echo has come to its end
 };
 
 inline constexpr Machine kAnswering{.dataSize = 9, .roundTripTime = 1, .status = 0};
@@ -112,25 +152,26 @@ class MemoryNetwork : public Faulty,
                       public WindowsSockets,
                       public MsRdpClient2 {
  public:
-  explicit MemoryNetwork(const MemoryDesktop& desktop) : desktop_(desktop) {}
+  explicit MemoryNetwork(MemoryDesktop& desktop) : desktop_(desktop) {}
 
   IcmpHandle IcmpCreateFile() override {
     calls.push_back("create");
     return Fails("IcmpCreateFile") ? kNoHandle : 77;
   }
-  std::uint32_t IcmpSendEcho(IcmpHandle handle, std::int32_t address, std::string_view data,
-                             const IP_OPTION_INFORMATION* options, EchoReply& reply,
-                             std::uint32_t replySize, std::uint32_t timeout) override {
+  Task<std::uint32_t> IcmpSendEcho(IcmpHandle handle, std::int32_t address, std::string_view data,
+                                   const IP_OPTION_INFORMATION* options, EchoReply& reply,
+                                   std::uint32_t replySize, std::uint32_t timeout) override {
     calls.push_back("echo " + std::string(data) + " " + std::to_string(timeout) + " " +
                     std::to_string(replySize) + (options ? " options" : ""));
     if (onEcho) onEcho();
     const bool fails = Fails("IcmpSendEcho") || handle == kNoHandle;
     const Machine machine =
         fails ? Machine{.status = 11050} : At(inet_ntoa({static_cast<in_addr_t>(address)}));
+    for (int turn = 0; turn < machine.echoTurns; ++turn) co_await desktop_.PumpEvents();
     reply.DataSize = machine.dataSize;
     reply.RoundTripTime = machine.roundTripTime;
     reply.Status = machine.status;
-    return machine.dataSize > 0 ? 1 : 0;
+    co_return machine.dataSize > 0 ? 1 : 0;
   }
   bool IcmpCloseHandle(IcmpHandle handle) override {
     calls.push_back("close " + std::to_string(handle));
@@ -191,7 +232,7 @@ class MemoryNetwork : public Faulty,
  private:
   static constexpr IcmpHandle kNoHandle = -1;
 
-  const MemoryDesktop& desktop_;
+  MemoryDesktop& desktop_;
   std::string server_;
   std::int16_t state_ = 0;  // 3 stands for a connection that is being dropped
   long connectTurn_ = 0;
@@ -281,12 +322,14 @@ class MemoryShell : public Faulty,
   void PopupMenu(Form&, const MenuEntry& menu, const MenuEntry& defaultEntry) override {
     MayRaise("PopupMenu");
     calls.push_back(std::string("popup ") + menu.Spec().name + " " + defaultEntry.Spec().name);
+    if (wait) wait();
     if (onPopup) onPopup();
   }
   std::vector<std::pair<std::int32_t, NOTIFYICONDATA>> told;
   Texts calls;
   WindowProc procedure;  ///< what answers the desktop's messages to the window
   Act onPopup;
+  Act wait;  ///< while the menu is open
 
  private:
   WindowProc hook_;
@@ -354,6 +397,11 @@ struct Scenario {
   /// @param stored the settings that an earlier run left behind, by key.
   explicit Scenario(const StoredSettings& stored = {}, const Fault& fault = {}) {
     for (Faulty* part : Parts()) part->fault = fault;
+    shell.wait = [this] { desktop.Wait(); };
+    fileDialog.wait = [this] {
+      desktop.Wait();
+      if (desktop.ended) fileDialog.choices.clear();
+    };
     for (const auto& [key, value] : stored) settings.values["Preferences/" + key] = value;
     desktop.Load(window);
     if (!window.State().InTray) desktop.Show(window);
@@ -365,6 +413,16 @@ struct Scenario {
   std::string Cell(int row, int col) const { return window.grdServers.TextAt(row, col); }
   int Rows() const { return window.grdServers.Rows(); }
   Color Lamp(int row) const { return window.grdServers.BackColorAt(row, 0); }
+
+  bool Checking() const { return window.Pointer() == MousePointer::Busy && !desktop.ended; }
+  /// Lets the pass that is under way come to its end.
+  void Finish() {
+    while (Checking()) desktop.Turn();
+  }
+  void Check() {
+    window.cmdCheck.Press();
+    Finish();
+  }
 
   /// What the user does in the dialog that opens next.
   template <typename Dialog>

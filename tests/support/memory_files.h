@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -86,10 +87,12 @@ class ScriptedDialog : public CommonDialog {
 
   std::deque<std::string> choices;
   std::vector<std::string> shown;  ///< kind, filter and folder of each showing
+  std::function<void()> wait;      ///< while a dialog is open
 
  private:
   void Show(const std::string& kind) {
     shown.push_back(kind + "; " + Filter + "; " + InitDir);
+    if (wait) wait();
     FileName = choices.empty() ? "" : choices.front();
     if (!choices.empty()) choices.pop_front();
   }

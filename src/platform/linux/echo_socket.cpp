@@ -6,7 +6,6 @@
 #include <linux/errqueue.h>
 #include <linux/icmp.h>
 #include <netinet/in.h>
-#include <poll.h>
 #include <sys/socket.h>
 
 namespace kestrava {
@@ -15,6 +14,9 @@ namespace {
 /// Longer than the longest IPv4 header (60 bytes) with the longest message that this system sends,
 /// so that a longer packet shows by its length.
 constexpr std::size_t kPacketSize = 512;
+
+/// Read at a time, so that a flood of packets that belong to others doesn't hold the loop up.
+constexpr int kMostPackets = 256;
 
 EchoStatus StatusOfSendError(int error) {
   switch (error) {
@@ -34,17 +36,6 @@ EchoStatus StatusOfSendError(int error) {
     default:
       return kEchoGeneralFailure;
   }
-}
-
-/// Rests until the socket has a packet or an error, or for an interruption. False past `deadline`.
-bool AwaitPacket(int socket, EchoSocket::Deadline deadline) {
-  using namespace std::chrono;
-  const auto rest = deadline - steady_clock::now();
-  if (rest <= 0ns) return false;
-  const auto wholeSeconds = floor<seconds>(rest);
-  const timespec limit{wholeSeconds.count(), nanoseconds(rest - wholeSeconds).count()};
-  pollfd watched{socket, POLLIN, 0};
-  return ppoll(&watched, 1, &limit, nullptr) != 0;
 }
 
 std::optional<EchoStatus> StatusOfQueuedError(msghdr& message) {
@@ -75,10 +66,21 @@ std::optional<EchoSocket> EchoSocket::Open(EchoSocketKind kind) {
   return EchoSocket(std::move(socket), kind);
 }
 
-EchoOutcome EchoSocket::Exchange(EchoRequest request, Deadline deadline) const {
+Task<EchoOutcome> EchoSocket::Exchange(EchoRequest request, Deadline deadline,
+                                       DescriptorWaits& waits) const {
   if (kind_ == EchoSocketKind::Datagram) request.identifier.reset();
-  if (const int error = Send(request)) return {StatusOfSendError(error)};
-  for (;;) {
+  if (const int error = Send(request)) co_return EchoOutcome{StatusOfSendError(error)};
+  for (bool inTime = true;;) {
+    // Also when time is up: the program may have been kept from looking until now.
+    if (const auto outcome = TakeOutcome(request)) co_return *outcome;
+    if (!inTime) co_return EchoOutcome{kEchoTimedOut};
+    inTime = co_await waits.Readable(socket_.Number(), deadline);
+  }
+}
+
+/// Reads what waits, up to what tells how `request` ended.
+std::optional<EchoOutcome> EchoSocket::TakeOutcome(const EchoRequest& request) const {
+  for (int packets = 0; packets < kMostPackets; ++packets) {
     std::array<std::uint8_t, kPacketSize> packet;
     sockaddr_in sender{};
     socklen_t senderSize = sizeof sender;
@@ -86,13 +88,14 @@ EchoOutcome EchoSocket::Exchange(EchoRequest request, Deadline deadline) const {
                                   reinterpret_cast<sockaddr*>(&sender), &senderSize);
     if (size >= 0) {
       const auto received = std::span(packet).first(static_cast<std::size_t>(size));
-      if (const auto outcome = Match(request, sender.sin_addr.s_addr, received)) return *outcome;
-      if (std::chrono::steady_clock::now() < deadline) continue;
-    } else if (errno != EAGAIN && errno != EINTR) {
-      if (const auto status = TakeError(request)) return {*status};
+      if (const auto outcome = Match(request, sender.sin_addr.s_addr, received)) return outcome;
+    } else if (errno == EAGAIN) {
+      return std::nullopt;
+    } else if (errno != EINTR) {
+      if (const auto status = TakeError(request)) return EchoOutcome{*status};
     }
-    if (!AwaitPacket(socket_.Number(), deadline)) return {kEchoTimedOut};
   }
+  return std::nullopt;
 }
 
 /// @return 0, or the number of the error.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cerrno>
+#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -26,5 +28,12 @@ class FileDescriptor {
  private:
   int number_;
 };
+
+/// Takes over what a system call gave.
+/// @throws std::system_error with `errno` if that is no descriptor.
+inline FileDescriptor CheckedDescriptor(int number) {
+  if (number < 0) throw std::system_error(errno, std::generic_category());
+  return FileDescriptor(number);
+}
 
 }  // namespace kestrava

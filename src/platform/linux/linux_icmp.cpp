@@ -21,7 +21,11 @@ bool IsShortage(int error) {
 
 }  // namespace
 
-LinuxIcmp::LinuxIcmp() : identifier_(static_cast<std::uint16_t>(std::random_device()())) {}
+/// Both numbers start where nobody outside can guess: a blind sender would have to hit them.
+LinuxIcmp::LinuxIcmp(DescriptorWaits& waits)
+    : waits_(waits),
+      identifier_(static_cast<std::uint16_t>(std::random_device()())),
+      sequence_(static_cast<std::uint16_t>(std::random_device()())) {}
 
 IcmpHandle LinuxIcmp::IcmpCreateFile() {
   std::optional<EchoSocket> socket;
@@ -39,22 +43,23 @@ IcmpHandle LinuxIcmp::IcmpCreateFile() {
   return lastHandle_;
 }
 
-std::uint32_t LinuxIcmp::IcmpSendEcho(IcmpHandle handle, std::int32_t address,
-                                      std::string_view data, const IP_OPTION_INFORMATION* options,
-                                      EchoReply& reply, std::uint32_t replySize,
-                                      std::uint32_t timeoutMilliseconds) {
+Task<std::uint32_t> LinuxIcmp::IcmpSendEcho(IcmpHandle handle, std::int32_t address,
+                                            std::string_view data,
+                                            const IP_OPTION_INFORMATION* options, EchoReply& reply,
+                                            std::uint32_t replySize,
+                                            std::uint32_t timeoutMilliseconds) {
   reply = EchoReply{};
   EchoOutcome outcome{kEchoGeneralFailure};
   const auto start = std::chrono::steady_clock::now();
   if (!options && data.size() <= sizeof reply.Data && replySize >= sizeof reply) {
     const EchoRequest request{std::bit_cast<std::uint32_t>(address), identifier_, ++sequence_,
                               data};
-    outcome = Send(handle, request, std::chrono::milliseconds(timeoutMilliseconds));
+    outcome = co_await Send(handle, request, std::chrono::milliseconds(timeoutMilliseconds));
   }
   reply.Status = outcome.status;
   if (outcome.status != kEchoSuccess) {
     reply.RoundTripTime = kNoRoundTrip;
-    return 0;
+    co_return 0;
   }
   const auto roundTrip = std::chrono::duration_cast<std::chrono::milliseconds>(
       std::chrono::steady_clock::now() - start);
@@ -64,20 +69,21 @@ std::uint32_t LinuxIcmp::IcmpSendEcho(IcmpHandle handle, std::int32_t address,
   reply.DataSize = static_cast<std::int16_t>(data.size());
   reply.Options.Ttl = outcome.timeToLive;
   std::ranges::copy(data, reply.Data);
-  return 1;
+  co_return 1;
 }
 
-EchoOutcome LinuxIcmp::Send(IcmpHandle handle, EchoRequest request,
-                            std::chrono::milliseconds timeout) {
-  if (!IsMachineAddress(request.address)) return {kEchoBadDestination};
+Task<EchoOutcome> LinuxIcmp::Send(IcmpHandle handle, EchoRequest request,
+                                  std::chrono::milliseconds timeout) {
+  if (!IsMachineAddress(request.address)) co_return EchoOutcome{kEchoBadDestination};
   const auto found = open_.find(handle);
-  if (found == open_.end()) return {kEchoNoResources};
+  if (found == open_.end()) co_return EchoOutcome{kEchoNoResources};
   const auto& socket = found->second;
-  if (!socket) {
-    if (request.payload.size() > kLongestPingPayload) return {kEchoGeneralFailure};
-    return SendEchoByPing(request, timeout);
+  if (socket) {
+    co_return co_await socket->Exchange(request, std::chrono::steady_clock::now() + timeout,
+                                        waits_);
   }
-  return socket->Exchange(request, std::chrono::steady_clock::now() + timeout);
+  if (request.payload.size() > kLongestPingPayload) co_return EchoOutcome{kEchoGeneralFailure};
+  co_return co_await SendEchoByPing(request, timeout, waits_);
 }
 
 bool LinuxIcmp::IcmpCloseHandle(IcmpHandle handle) { return open_.erase(handle) == 1; }

@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "platform/icmp.h"
+#include "platform/linux/descriptor_waits.h"
 #include "platform/linux/echo_socket.h"
 
 namespace kestrava {
@@ -16,24 +17,27 @@ namespace kestrava {
 /// gives `kEchoBadDestination`; a handle that couldn't be had gives `kEchoNoResources`.
 class LinuxIcmp final : public IcmpService {
  public:
-  LinuxIcmp();
+  /// @param waits what the event loop serves, so that it goes on while an echo is under way.
+  explicit LinuxIcmp(DescriptorWaits& waits);
 
   IcmpHandle IcmpCreateFile() override;
-  std::uint32_t IcmpSendEcho(IcmpHandle handle, std::int32_t address, std::string_view data,
-                             const IP_OPTION_INFORMATION* options, EchoReply& reply,
-                             std::uint32_t replySize, std::uint32_t timeoutMilliseconds) override;
+  Task<std::uint32_t> IcmpSendEcho(IcmpHandle handle, std::int32_t address, std::string_view data,
+                                   const IP_OPTION_INFORMATION* options, EchoReply& reply,
+                                   std::uint32_t replySize,
+                                   std::uint32_t timeoutMilliseconds) override;
   bool IcmpCloseHandle(IcmpHandle handle) override;
 
  private:
-  EchoOutcome Send(IcmpHandle handle, EchoRequest request, std::chrono::milliseconds timeout);
+  Task<EchoOutcome> Send(IcmpHandle handle, EchoRequest request, std::chrono::milliseconds timeout);
 
+  DescriptorWaits& waits_;
   /// By handle; nothing stands for the `ping` program.
   std::unordered_map<IcmpHandle, std::optional<EchoSocket>> open_;
   IcmpHandle lastHandle_ = 0;
   /// The first kind of socket to try: one that the system has refused isn't tried on every echo.
   EchoSocketKind preferred_ = EchoSocketKind::Datagram;
   std::uint16_t identifier_;
-  std::uint16_t sequence_ = 0;
+  std::uint16_t sequence_;
 };
 
 }  // namespace kestrava

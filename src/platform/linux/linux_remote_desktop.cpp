@@ -14,12 +14,8 @@ namespace kestrava {
 namespace {
 
 /// Room for one lost SYN, which is sent again after one second (RFC 6298).
-constexpr int kAttemptSeconds = 3;
-
-FileDescriptor Checked(int descriptor) {
-  if (descriptor < 0) throw std::system_error(errno, std::generic_category());
-  return FileDescriptor(descriptor);
-}
+constexpr std::chrono::seconds kLongestConnecting{2};
+constexpr std::chrono::seconds kLongestAttempt{3};
 
 /// @return 0, or the number of the error.
 int Watch(const FileDescriptor& events, int operation, const FileDescriptor& watched,
@@ -35,8 +31,8 @@ bool MustWait(int error) { return error == EAGAIN || error == EINTR; }
 }  // namespace
 
 LinuxRemoteDesktop::LinuxRemoteDesktop(std::uint16_t port)
-    : events_(Checked(epoll_create1(EPOLL_CLOEXEC))),
-      timer_(Checked(timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC))),
+    : events_(CheckedDescriptor(epoll_create1(EPOLL_CLOEXEC))),
+      timer_(CheckedDescriptor(timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC))),
       port_(port) {
   if (const int error = Watch(events_, EPOLL_CTL_ADD, timer_, EPOLLIN)) {
     throw std::system_error(error, std::generic_category());
@@ -77,13 +73,15 @@ void LinuxRemoteDesktop::StartConnecting(std::uint32_t address) {
   socket_ = std::move(socket);
   replySize_ = 0;
   state_ = State::Connecting;
-  SetTimer(kAttemptSeconds);
+  start_ = std::chrono::steady_clock::now();
+  SetTimer(kLongestConnecting);
 }
 
 void LinuxRemoteDesktop::Dispatch() noexcept {
   std::array<epoll_event, 2> waiting;
   const int count =
       epoll_wait(events_.Number(), waiting.data(), static_cast<int>(waiting.size()), 0);
+  const State before = state_;
   bool timeIsUp = false;
   for (int index = 0; index < count; ++index) {
     if (waiting[static_cast<std::size_t>(index)].data.fd == timer_.Number()) {
@@ -92,11 +90,10 @@ void LinuxRemoteDesktop::Dispatch() noexcept {
       Negotiate();
     } else if (state_ == State::Negotiating) {
       ReadConfirm();
-    } else {
-      ReadOn();
     }
   }
-  if (timeIsUp && UnderWay()) End(State::Idle);
+  // What has just come counts, even if the program was kept from looking until time was up.
+  if (timeIsUp && state_ == before && UnderWay()) End(State::Idle);
 }
 
 void LinuxRemoteDesktop::Negotiate() {
@@ -112,6 +109,7 @@ void LinuxRemoteDesktop::Negotiate() {
   error = Watch(events_, EPOLL_CTL_MOD, socket_, EPOLLIN);
   if (error != 0) return EndByError(error);
   state_ = State::Negotiating;
+  SetTimer(kLongestAttempt);
 }
 
 void LinuxRemoteDesktop::ReadConfirm() {
@@ -127,7 +125,9 @@ void LinuxRemoteDesktop::ReadConfirm() {
     case ConfirmState::Incomplete:
       break;
     case ConfirmState::Confirm:
-      SetTimer(0);
+      StopTimer();
+      // The peer may close at once: its answer has come, and nothing more is wanted of it.
+      epoll_ctl(events_.Number(), EPOLL_CTL_DEL, socket_.Number(), nullptr);
       state_ = State::Standing;
       break;
     case ConfirmState::NotRdp:
@@ -136,16 +136,9 @@ void LinuxRemoteDesktop::ReadConfirm() {
   }
 }
 
-/// Finds out whether the peer drops the standing connection; what else it says isn't wanted.
-void LinuxRemoteDesktop::ReadOn() {
-  std::array<std::uint8_t, 4096> unwanted;
-  const ssize_t size = recv(socket_.Number(), unwanted.data(), unwanted.size(), 0);
-  if (size == 0 || (size < 0 && !MustWait(errno))) End(State::Idle);
-}
-
 void LinuxRemoteDesktop::End(State state) {
   socket_.Close();
-  SetTimer(0);
+  StopTimer();
   state_ = state;
 }
 
@@ -154,11 +147,19 @@ void LinuxRemoteDesktop::EndByError(int error) {
   End(peerDropped ? State::Dropped : State::Idle);
 }
 
-/// Starts the timer anew, or stops it if `seconds` is 0; either way it no longer polls readable.
-void LinuxRemoteDesktop::SetTimer(int seconds) {
-  itimerspec time{};
-  time.it_value.tv_sec = seconds;
-  timerfd_settime(timer_.Number(), 0, &time, nullptr);
+/// Makes the timer poll readable so long after the attempt's start, and no sooner.
+void LinuxRemoteDesktop::SetTimer(std::chrono::seconds sinceStart) {
+  using namespace std::chrono;
+  const nanoseconds due = (start_ + sinceStart).time_since_epoch();
+  const auto wholeSeconds = floor<seconds>(due);
+  const itimerspec time{{}, {wholeSeconds.count(), (due - wholeSeconds).count()}};
+  timerfd_settime(timer_.Number(), TFD_TIMER_ABSTIME, &time, nullptr);
+}
+
+/// It no longer polls readable.
+void LinuxRemoteDesktop::StopTimer() {
+  const itimerspec never{};
+  timerfd_settime(timer_.Number(), 0, &never, nullptr);
 }
 
 }  // namespace kestrava

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <string>
 
 #include "platform/linux/event_source.h"
@@ -14,7 +15,9 @@ namespace kestrava {
 inline constexpr std::uint16_t kRemoteDesktopPort = 3389;
 
 /// A Remote Desktop client that goes as far as the X.224 Connection Confirm and no further: a peer
-/// that sends a well-formed one counts as connected. An attempt is given up after three seconds.
+/// that sends a well-formed one counts as connected until it is dropped here, whatever the peer
+/// does next. An attempt that has no TCP connection is given up after two seconds, any other after
+/// three.
 class LinuxRemoteDesktop final : public MsRdpClient2, public EventSource {
  public:
   /// @throws std::system_error if the system has no descriptors left for it.
@@ -43,13 +46,14 @@ class LinuxRemoteDesktop final : public MsRdpClient2, public EventSource {
   void StartConnecting(std::uint32_t address);
   void Negotiate();
   void ReadConfirm();
-  void ReadOn();
   void End(State state);
   void EndByError(int error);
-  void SetTimer(int seconds);
+  void SetTimer(std::chrono::seconds sinceStart);
+  void StopTimer();
 
-  FileDescriptor events_;  ///< an epoll instance that holds the other two
-  FileDescriptor timer_;   ///< runs while an attempt is under way
+  FileDescriptor events_;                        ///< an epoll instance that holds the other two
+  FileDescriptor timer_;                         ///< runs while an attempt is under way
+  std::chrono::steady_clock::time_point start_;  ///< of the attempt
   FileDescriptor socket_;
   std::uint16_t port_;
   std::string server_;

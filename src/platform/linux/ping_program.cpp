@@ -7,9 +7,10 @@
 #include <csignal>
 #include <cstdio>
 #include <fcntl.h>
-#include <poll.h>
+#include <optional>
 #include <string>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include "platform/linux/child_program.h"
 #include "platform/linux/file_descriptor.h"
@@ -65,21 +66,45 @@ std::string Hexadecimal(std::string_view bytes) {
   return text;
 }
 
-/// Reads up to the end, the longest output or `deadline`, whichever comes first.
-/// @return whether the end was reached.
-bool ReadToEnd(int input, steady_clock::time_point deadline, std::string& output) {
-  while (output.size() < kLongestOutput) {
-    const auto rest = std::chrono::ceil<milliseconds>(deadline - steady_clock::now());
-    if (rest <= milliseconds::zero()) return false;
-    pollfd watched{input, POLLIN, 0};
-    if (poll(&watched, 1, static_cast<int>(rest.count())) <= 0) continue;
-    std::array<char, 1024> buffer;
-    const ssize_t size = read(input, buffer.data(), buffer.size());
-    if (size == 0) return true;
-    if (size > 0) output.append(buffer.data(), static_cast<std::size_t>(size));
+/// What a program prints, as far as it has come.
+class Output {
+ public:
+  explicit Output(FileDescriptor end) : end_(std::move(end)) {}
+
+  int Descriptor() const { return end_.Number(); }
+  bool AtEnd() const { return atEnd_; }
+  const std::string& Text() const { return text_; }
+
+  /// Takes what there is, without waiting. More than the longest output isn't wanted.
+  void Read() {
+    std::array<char, kLongestOutput> buffer;
+    const ssize_t size = read(end_.Number(), buffer.data(), buffer.size() - text_.size());
+    if (size > 0) text_.append(buffer.data(), static_cast<std::size_t>(size));
+    atEnd_ = size == 0 || (size < 0 && errno != EAGAIN && errno != EINTR);
   }
-  return false;
-}
+
+ private:
+  FileDescriptor end_;
+  std::string text_;
+  bool atEnd_ = false;
+};
+
+/// A program that was started. It doesn't outlive the object.
+class RunningProgram {
+ public:
+  explicit RunningProgram(pid_t process) : process_(process) {}
+  ~RunningProgram() {
+    // Does nothing to a program that has ended, and makes sure that the wait for it is short.
+    kill(process_, SIGKILL);
+    while (waitpid(process_, nullptr, 0) < 0 && errno == EINTR) {
+    }
+  }
+  RunningProgram(const RunningProgram&) = delete;
+  RunningProgram& operator=(const RunningProgram&) = delete;
+
+ private:
+  pid_t process_;
+};
 
 std::uint8_t TimeToLiveIn(std::string_view replyLine) {
   constexpr std::string_view kMark = " ttl=";
@@ -89,6 +114,39 @@ std::uint8_t TimeToLiveIn(std::string_view replyLine) {
     std::from_chars(number.data(), number.data() + number.size(), timeToLive);
   }
   return timeToLive;
+}
+
+/// The system's own program, not whatever stands ahead of it in the user's PATH.
+std::string PingProgram() {
+  for (const char* path : {"/usr/bin/ping", "/bin/ping"}) {
+    if (access(path, X_OK) == 0) return path;
+  }
+  return "ping";
+}
+
+/// @return the number of the process; nothing if it can't be started.
+std::optional<pid_t> StartPing(const EchoRequest& request, milliseconds timeout,
+                               const FileDescriptor& output) {
+  std::array<char, 32> seconds;
+  std::snprintf(seconds.data(), seconds.size(), "%lld.%03lld",
+                static_cast<long long>(timeout.count() / 1000),
+                static_cast<long long>(timeout.count() % 1000));
+  std::string words[] = {PingProgram(),
+                         "-n",
+                         "-c",
+                         "1",
+                         "-W",
+                         seconds.data(),
+                         "-s",
+                         std::to_string(request.payload.size()),
+                         "-p",
+                         Hexadecimal(request.payload),
+                         DottedText(request.address)};
+  std::string locale = "LC_ALL=C";
+  char* const environment[] = {locale.data(), nullptr};
+  pid_t process = 0;
+  if (StartProgram(words, output.Number(), environment, process) != 0) return std::nullopt;
+  return process;
 }
 
 }  // namespace
@@ -108,43 +166,23 @@ EchoOutcome ReadPingOutput(const EchoRequest& request, std::string_view output) 
   return {kEchoGeneralFailure};
 }
 
-EchoOutcome SendEchoByPing(const EchoRequest& request, milliseconds timeout) {
+Task<EchoOutcome> SendEchoByPing(EchoRequest request, milliseconds timeout,
+                                 DescriptorWaits& waits) {
   const auto deadline = steady_clock::now() + timeout + kStartAndEnd;
   std::array<int, 2> ends;
-  if (pipe2(ends.data(), O_CLOEXEC) != 0) return {kEchoNoResources};
-  const FileDescriptor input(ends[0]);
-  FileDescriptor output(ends[1]);
-
-  std::array<char, 32> seconds;
-  std::snprintf(seconds.data(), seconds.size(), "%lld.%03lld",
-                static_cast<long long>(timeout.count() / 1000),
-                static_cast<long long>(timeout.count() % 1000));
-  std::string words[] = {"ping",
-                         "-n",
-                         "-c",
-                         "1",
-                         "-W",
-                         seconds.data(),
-                         "-s",
-                         std::to_string(request.payload.size()),
-                         "-p",
-                         Hexadecimal(request.payload),
-                         DottedText(request.address)};
-  std::string locale = "LC_ALL=C";
-  char* const environment[] = {locale.data(), nullptr};
-  pid_t process = 0;
-  const int error = StartProgram(words, output.Number(), environment, process);
-  output.Close();
-  if (error != 0) return {kEchoGeneralFailure};
-
-  std::string text;
-  const bool ended = ReadToEnd(input.Number(), deadline, text);
-  // Does nothing to a program that has ended, and makes sure that the wait for it is short.
-  kill(process, SIGKILL);
-  while (waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
+  if (pipe2(ends.data(), O_CLOEXEC) != 0) co_return EchoOutcome{kEchoNoResources};
+  fcntl(ends[0], F_SETFL, O_NONBLOCK);
+  Output output{FileDescriptor(ends[0])};
+  const auto process = StartPing(request, timeout, FileDescriptor(ends[1]));
+  if (!process) co_return EchoOutcome{kEchoGeneralFailure};
+  const RunningProgram program(*process);
+  for (bool inTime = true; inTime && !output.AtEnd();) {
+    inTime = co_await waits.Readable(output.Descriptor(), deadline);
+    output.Read();
   }
-  const EchoOutcome outcome = ReadPingOutput(request, text);
-  return !ended && outcome.status == kEchoGeneralFailure ? EchoOutcome{kEchoTimedOut} : outcome;
+  const EchoOutcome outcome = ReadPingOutput(request, output.Text());
+  const bool silent = !output.AtEnd() && outcome.status == kEchoGeneralFailure;
+  co_return silent ? EchoOutcome{kEchoTimedOut} : outcome;
 }
 
 }  // namespace kestrava

@@ -5,9 +5,12 @@
 
 namespace kestrava {
 
-LinuxDesktop::LinuxDesktop() { eventLoop_.Watch(rdp_); }
+LinuxDesktop::LinuxDesktop() {
+  eventLoop_.Watch(waits_);
+  eventLoop_.Watch(rdp_);
+}
 
-Platform LinuxDesktop::ServicesWith(MsRdpClient2& rdp) {
+Platform LinuxDesktop::Services() {
   return {.windows = windows_,
           .eventLoop = eventLoop_,
           .messageBoxes = messageBoxes_,
@@ -16,7 +19,7 @@ Platform LinuxDesktop::ServicesWith(MsRdpClient2& rdp) {
           .clock = clock_,
           .icmp = icmp_,
           .sockets = sockets_,
-          .rdp = rdp,
+          .rdp = rdp_,
           .settings = settings_,
           .fileSystem = fileSystem_,
           .notificationArea = notificationArea_,

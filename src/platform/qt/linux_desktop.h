@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/descriptor_waits.h"
 #include "platform/linux/linux_clock.h"
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/linux_icmp.h"
@@ -27,18 +28,16 @@ class LinuxDesktop {
   LinuxDesktop();
 
   /// They last as long as the desktop.
-  Platform Services() { return ServicesWith(rdp_); }
-  /// The same with another Remote Desktop control.
-  Platform ServicesWith(MsRdpClient2& rdp);
+  Platform Services();
 
   QtEventLoop& EventLoop() { return eventLoop_; }
   QtWindowSystem& Windows() { return windows_; }
-  LinuxRemoteDesktop& RemoteDesktop() { return rdp_; }
   QtNotificationArea& NotificationArea() { return notificationArea_; }
 
  private:
   LinuxClock clock_;
-  LinuxIcmp icmp_;
+  DescriptorWaits waits_;
+  LinuxIcmp icmp_{waits_};
   LinuxSockets sockets_;
   LinuxRemoteDesktop rdp_;
   LinuxFileSystem fileSystem_;

@@ -1,37 +1,38 @@
 #include "platform/qt/qt_event_loop.h"
 
-#include <QAbstractEventDispatcher>
+#include <QCoreApplication>
+#include <QEvent>
 #include <QSocketNotifier>
 #include <algorithm>
-#include <chrono>
 
 namespace kestrava {
 
 namespace {
 
-constexpr std::chrono::milliseconds kLongestRest(10);
+using std::chrono::steady_clock;
 
-/// Events that keep bringing forth new ones must not hold a turn for ever.
-constexpr int kMostRounds = 16;
+constexpr std::chrono::milliseconds kLongestRest(10);
+constexpr std::chrono::microseconds kSparedFor(100);
+
+constexpr auto kTurnEvent = QEvent::User;
 
 }  // namespace
 
-QtEventLoop::QtEventLoop() : dispatcher_(*QAbstractEventDispatcher::instance()) {
+QtEventLoop::QtEventLoop() {
   restLimit_.setSingleShot(true);
   restLimit_.setTimerType(Qt::PreciseTimer);
   restLimit_.setInterval(kLongestRest);
-}
-
-LoopState QtEventLoop::PumpEvents() {
-  if (ended_) return LoopState::Ending;
-  if (!DeliverWaitingEvents() && AttemptUnderWay()) RestForNextEvent();
-  return ended_ ? LoopState::Ending : LoopState::Running;
+  restLimit_.callOnTimeout(this, &QtEventLoop::FinishTurn);
 }
 
 void QtEventLoop::Watch(EventSource& source) {
   sources_.push_back(&source);
   auto* notifier = new QSocketNotifier(source.Descriptor(), QSocketNotifier::Read, this);
-  connect(notifier, &QSocketNotifier::activated, this, [&source] { source.Dispatch(); });
+  connect(notifier, &QSocketNotifier::activated, this, [this, &source] {
+    const bool rests = restLimit_.isActive();
+    source.Dispatch();
+    if (rests) FinishTurn();
+  });
 }
 
 void QtEventLoop::End() {
@@ -39,22 +40,33 @@ void QtEventLoop::End() {
   emit Ended();
 }
 
-bool QtEventLoop::DeliverWaitingEvents() {
-  int round = 0;
-  while (round < kMostRounds && !ended_ && dispatcher_.processEvents(QEventLoop::AllEvents)) {
-    ++round;
+bool QtEventLoop::event(QEvent* event) {
+  if (event->type() != kTurnEvent) return QObject::event(event);
+  FinishTurn();
+  return true;
+}
+
+bool QtEventLoop::TurnIsSpared() {
+  return !AnyUnderWay() && steady_clock::now() - lastTurn_ < kSparedFor;
+}
+
+void QtEventLoop::BeginTurn() {
+  if (AnyUnderWay()) {
+    restLimit_.start();
+  } else {
+    // It comes after what waits already, in this loop as well as in a modal wait of the toolkit's.
+    QCoreApplication::postEvent(this, new QEvent(kTurnEvent), Qt::LowEventPriority);
   }
-  return round > 0;
 }
 
-bool QtEventLoop::AttemptUnderWay() const {
-  return std::ranges::any_of(sources_, &EventSource::UnderWay);
-}
-
-void QtEventLoop::RestForNextEvent() {
-  restLimit_.start();
-  dispatcher_.processEvents(QEventLoop::WaitForMoreEvents);
+void QtEventLoop::FinishTurn() {
   restLimit_.stop();
+  lastTurn_ = steady_clock::now();
+  EndTurn();
+}
+
+bool QtEventLoop::AnyUnderWay() const {
+  return std::ranges::any_of(sources_, &EventSource::UnderWay);
 }
 
 }  // namespace kestrava

@@ -2,12 +2,11 @@
 
 #include <QObject>
 #include <QTimer>
+#include <chrono>
 #include <vector>
 
 #include "platform/event_loop.h"
 #include "platform/linux/event_source.h"
-
-class QAbstractEventDispatcher;
 
 namespace kestrava {
 
@@ -18,27 +17,28 @@ class QtEventLoop final : public QObject, public EventLoop {
  public:
   QtEventLoop();
 
-  [[nodiscard]] LoopState PumpEvents() override;
-
   /// Serves `source` from now on, from this loop and from any modal wait. It must outlive the loop.
   void Watch(EventSource& source);
 
-  /// The main window is gone: ends every modal wait, and nothing is pumped any more.
+  /// The main window is gone: ends every modal wait.
   void End();
   bool HasEnded() const { return ended_; }
 
  signals:
   void Ended();
 
- private:
-  /// @return whether there was an event.
-  bool DeliverWaitingEvents();
-  bool AttemptUnderWay() const;
-  void RestForNextEvent();
+ protected:
+  bool event(QEvent* event) override;
 
-  QAbstractEventDispatcher& dispatcher_;
+ private:
+  bool TurnIsSpared() override;
+  void BeginTurn() override;
+  void FinishTurn();
+  bool AnyUnderWay() const;
+
   std::vector<EventSource*> sources_;
-  QTimer restLimit_;
+  QTimer restLimit_;  ///< runs while a turn rests
+  std::chrono::steady_clock::time_point lastTurn_;
   bool ended_ = false;
 };
 

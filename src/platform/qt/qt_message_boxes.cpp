@@ -21,7 +21,37 @@ QMessageBox::Icon NativeIcon(MessageIcon icon) {
   return QMessageBox::NoIcon;
 }
 
+/// A box that the user may answer at any time.
+class QtOpenMsgBox final : public OpenMsgBox {
+ public:
+  QtOpenMsgBox(const std::string& text, MessageIcon icon, std::function<void()> answered)
+      : box_(new QMessageBox(QApplication::activeWindow())) {
+    box_->setWindowTitle(QStringLiteral("Kestrava"));
+    box_->setIcon(NativeIcon(icon));
+    box_->setStandardButtons(QMessageBox::Ok);
+    box_->setTextFormat(Qt::PlainText);
+    box_->setText(ToShown(text));
+    QObject::connect(box_, &QDialog::finished, box_,
+                     [answered = std::move(answered)] { answered(); });
+    box_->open();
+  }
+  ~QtOpenMsgBox() override {
+    box_->disconnect();
+    box_->hide();
+    // Its own signal may be what has led here.
+    box_->deleteLater();
+  }
+
+ private:
+  QMessageBox* box_;
+};
+
 }  // namespace
+
+std::unique_ptr<OpenMsgBox> QtMessageBoxes::ShowMsgBox(const std::string& text, MessageIcon icon,
+                                                       std::function<void()> answered) {
+  return std::make_unique<QtOpenMsgBox>(text, icon, std::move(answered));
+}
 
 void QtMessageBoxes::MsgBox(const std::string& text, MessageIcon icon) {
   QMessageBox box(QApplication::activeWindow());

@@ -13,6 +13,8 @@ class QtMessageBoxes final : public MessageBoxes {
   explicit QtMessageBoxes(QtEventLoop& eventLoop) : eventLoop_(eventLoop) {}
 
   void MsgBox(const std::string& text, MessageIcon icon) override;
+  std::unique_ptr<OpenMsgBox> ShowMsgBox(const std::string& text, MessageIcon icon,
+                                         std::function<void()> answered) override;
   YesNo AskYesNo(const std::string& text, const std::string& title) override;
 
  private:
