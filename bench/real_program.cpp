@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <chrono>
+#include <ctime>
 #include <stdexcept>
 #include <thread>
 
@@ -10,6 +11,15 @@
 #include "platform/qt/grid_view.h"
 
 namespace kestrava {
+namespace {
+
+double ProcessorSeconds() {
+  timespec now{};
+  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+  return static_cast<double>(now.tv_sec) + 1e-9 * static_cast<double>(now.tv_nsec);
+}
+
+}  // namespace
 
 RealProgram::RealProgram() {
   desktop_.Windows().Load(window);
@@ -31,20 +41,23 @@ void RealProgram::Fill(const std::vector<std::string>& addresses) {
   Settle();
 }
 
-double RealProgram::Check(const std::string& status) {
-  const double seconds = SecondsOf([this] {
+PassCost RealProgram::Check(const std::string& status) {
+  const double processor = ProcessorSeconds();
+  PassCost cost{};
+  cost.clock = SecondsOf([this] {
     window.cmdCheck.Press();
     while (window.Pointer() == MousePointer::Busy) {
       QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
   });
+  cost.processor = ProcessorSeconds() - processor;
   const MSFlexGrid& grid = window.grdServers;
   for (std::int32_t row = kHeadingRow + 1; row < grid.Rows(); ++row) {
     const std::string& found = grid.TextAt(row, kStatusColumn);
     if (found != status) throw std::runtime_error("a row shows " + found + ", not " + status);
   }
   Settle();
-  return seconds;
+  return cost;
 }
 
 void RealProgram::CatchUp() {

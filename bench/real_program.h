@@ -8,6 +8,12 @@
 
 namespace kestrava {
 
+/// Seconds that a pass took.
+struct PassCost {
+  double clock;      ///< on the wall
+  double processor;  ///< spent by this process
+};
+
 /// The program as users run it, with its window on the screen. Needs a `QApplication`.
 class RealProgram {
  public:
@@ -20,9 +26,8 @@ class RealProgram {
   void Fill(const std::vector<std::string>& addresses);
 
   /// Presses "Check Now !" and serves events until the pass is over.
-  /// @return the seconds that it took.
   /// @throws std::runtime_error unless every row then shows `status`.
-  double Check(const std::string& status);
+  PassCost Check(const std::string& status);
 
   /// Has the view of the table show its latest state at once.
   void CatchUp();

@@ -4,7 +4,6 @@
 #include <atomic>
 #include <chrono>
 #include <cstdio>
-#include <ctime>
 #include <fstream>
 #include <linux/capability.h>
 #include <stdexcept>
@@ -30,27 +29,16 @@ constexpr double kAttemptSeconds = 2;
 constexpr int kRounds = 3;
 constexpr const char* kSilent = "Offline (No Response)";
 
-double ProcessorSeconds() {
-  timespec now{};
-  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) + 1e-9 * static_cast<double>(now.tv_nsec);
-}
-
-struct RowCost {
-  double seconds;
-  double processorSeconds;
-};
-
 /// A pass over one machine that doesn't answer: medians of some rounds.
-RowCost CostOf(const std::string& address) {
+PassCost CostOf(const std::string& address) {
   RealProgram program;
   program.Fill({address});
   std::vector<double> seconds;
   std::vector<double> processorSeconds;
   for (int round = 0; round < kRounds; ++round) {
-    const double start = ProcessorSeconds();
-    seconds.push_back(program.Check(kSilent));
-    processorSeconds.push_back(ProcessorSeconds() - start);
+    const PassCost cost = program.Check(kSilent);
+    seconds.push_back(cost.clock);
+    processorSeconds.push_back(cost.processor);
     std::fprintf(stderr, "  %s: %.4g s with %.3g s of processor time\n", address.c_str(),
                  seconds.back(), processorSeconds.back());
   }
@@ -109,14 +97,14 @@ void AllowSockets(bool allow) {
 }  // namespace
 
 void MeasureSilentMachine(const std::string& address) {
-  const RowCost cost = CostOf(address);
-  PrintFigure("silent_row_time", cost.seconds / (kEchoSeconds + kAttemptSeconds), 1.02);
-  PrintFigure("silent_row_cpu", cost.processorSeconds / cost.seconds, 0.01);
+  const PassCost cost = CostOf(address);
+  PrintFigure("silent_row_time", cost.clock / (kEchoSeconds + kAttemptSeconds), 1.02);
+  PrintFigure("silent_row_cpu", cost.processor / cost.clock, 0.01);
 }
 
 void MeasureRefusingMachine(const std::string& address) {
   constexpr double kMilliseconds = 1000;
-  PrintFigure("refused_row_cpu", kMilliseconds * CostOf(address).processorSeconds, 15);
+  PrintFigure("refused_row_cpu", kMilliseconds * CostOf(address).processor, 15);
 }
 
 void MeasureLongestStall(const std::string& address) {
