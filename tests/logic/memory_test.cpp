@@ -116,7 +116,10 @@ TEST(Schedule, CountsFromTheEndOfThePass) {
 
   // The due minute falls into a pass that the user began: that pass is taken as the timed one.
   program.network.calls.clear();
-  program.Check();
+  program.window.cmdCheck.Press();
+  program.desktop.Turn();
+  EXPECT_EQ(state.NextCheckTime, "14:05");
+  program.Finish();
   EXPECT_EQ(std::ranges::count(program.network.calls, "cleanup"), 1);
   EXPECT_EQ(state.NextCheckTime, "14:06");
 

@@ -104,7 +104,7 @@ TEST(Waits, HoldUpNoPassAndEachAnswerTakesEffectAtOnce) {
 
 TEST(Waits, EndWithTheProgramAndNothingIsWrittenAfterwards) {
   for (const auto& [what, open, waits, names, done] : kWaits) {
-    for (const int turn : {1, 2, 3, 13, 14, 15, 16, 39}) {
+    for (int turn = 1; turn < Watching::kOpenFor; ++turn) {
       SCOPED_TRACE(what);
       Watching user;
       user.exitTurn = user.desktop.turns + turn;
