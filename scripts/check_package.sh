@@ -21,6 +21,11 @@ desktop-file-validate "$share/applications/kestrava.desktop"
 metainfo=$share/metainfo/example.kestrava.kestrava.metainfo.xml
 appstreamcli validate --no-net "$metainfo"
 
+hardening-check "$content/usr/bin/kestrava" >"$content/hardening" || {
+  cat "$content/hardening" >&2
+  exit 1
+}
+
 # Both only warn: any word of theirs counts as a failure.
 page=$share/man/man1/kestrava.1.gz
 warnings=$(
@@ -33,6 +38,13 @@ if [[ -n $warnings ]]; then
   echo "The manual page: $warnings" >&2
   exit 1
 fi
+
+# The name that sorts last decides, and an administrator's may begin with any two digits.
+first=$(printf '%s\n' 00-administrator.conf "$(ls "$content/usr/lib/sysctl.d")" | LC_ALL=C sort | head -n 1)
+[[ $first == 0-kestrava.conf ]] || {
+  echo "The kernel setting overrides an administrator's." >&2
+  exit 1
+}
 
 version=$(dpkg-deb --field "$package" Version)
 [[ $version == "$(dpkg-parsechangelog -l packaging/debian/changelog -S Version)" ]] || {

@@ -11,7 +11,7 @@ stage_packages=(xvfb xdotool scrot xrdp iproute2)
 test_packages=(libgtest-dev tidy dbus-daemon trayer weston python3-minimal)
 bench_packages=(fping)
 # dpkg-dev finds the libraries that the package depends on; the others look at what came out.
-package_packages=(dpkg-dev lintian appstream desktop-file-utils man-db)
+package_packages=(dpkg-dev devscripts lintian appstream desktop-file-utils man-db)
 ci_packages=(clang clang-format clang-tidy libclang-rt-14-dev llvm
   g++-mingw-w64-x86-64-win32)
 

@@ -30,7 +30,7 @@ void CheckSchedule::SetInterval(std::int32_t minutes) {
 bool CheckSchedule::IsDue() const { return ClockText(clock_.Now()) == state_.NextCheckTime; }
 
 void CheckSchedule::SetNextCheckTime() {
-  state_.NextCheckTime = ClockText(clock_.Now() + std::chrono::minutes(state_.CheckInterval));
+  state_.NextCheckTime = ClockText(clock_.InMinutes(state_.CheckInterval));
 }
 
 }  // namespace kestrava

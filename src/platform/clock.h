@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 
 namespace kestrava {
 
@@ -11,6 +12,11 @@ class Clock {
 
   /// The present date and time of the user's time zone, in whole seconds.
   virtual std::chrono::local_seconds Now() const = 0;
+
+  /// What it will show after so many real minutes, or has shown before them if `minutes` is
+  /// negative. Where summer time begins or ends in between, that isn't the present reading and as
+  /// many minutes.
+  virtual std::chrono::local_seconds InMinutes(std::int32_t minutes) const = 0;
 };
 
 }  // namespace kestrava

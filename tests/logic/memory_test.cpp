@@ -123,10 +123,12 @@ TEST(Schedule, CountsFromTheEndOfThePass) {
   EXPECT_EQ(std::ranges::count(program.network.calls, "cleanup"), 1);
   EXPECT_EQ(state.NextCheckTime, "14:06");
 
+  // Summer time begins within the interval.
+  program.clock.ahead = 60min;
   // With an empty table the due time moves on all the same.
   program.window.grdServers.SetRows(1);
   tick();
-  EXPECT_EQ(state.NextCheckTime, "14:07");
+  EXPECT_EQ(state.NextCheckTime, "15:07");
 }
 
 }  // namespace kestrava::test

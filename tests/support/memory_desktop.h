@@ -243,9 +243,13 @@ class MemoryNetwork : public Faulty,
 class TestClock : public Clock {
  public:
   std::chrono::local_seconds Now() const override { return now; }
+  std::chrono::local_seconds InMinutes(std::int32_t minutes) const override {
+    return now + std::chrono::minutes(minutes) + ahead;
+  }
 
   std::chrono::local_seconds now{std::chrono::local_days{std::chrono::year{2026} / 3 / 9} +
                                  std::chrono::hours{14}};
+  std::chrono::minutes ahead{0};  ///< what summer time, soon to begin, adds to the readings to come
 };
 
 /// Texts by their keys.

@@ -2,16 +2,25 @@
 
 namespace kestrava {
 
+std::chrono::local_seconds LocalTimeAt(std::time_t moment) {
+  std::tm parts{};
+  tzset();
+  localtime_r(&moment, &parts);
+  return std::chrono::local_seconds(std::chrono::seconds(moment + parts.tm_gmtoff));
+}
+
 std::chrono::local_seconds LinuxClock::Now() const {
   const std::time_t second = std::time(nullptr);
   if (second != second_) {
-    std::tm parts{};
-    tzset();
-    localtime_r(&second, &parts);
     second_ = second;
-    local_ = std::chrono::local_seconds(std::chrono::seconds(second + parts.tm_gmtoff));
+    local_ = LocalTimeAt(second);
   }
   return local_;
+}
+
+std::chrono::local_seconds LinuxClock::InMinutes(std::int32_t minutes) const {
+  constexpr std::time_t kSecondsPerMinute = 60;
+  return LocalTimeAt(std::time(nullptr) + kSecondsPerMinute * minutes);
 }
 
 }  // namespace kestrava
