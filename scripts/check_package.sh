@@ -21,7 +21,8 @@ desktop-file-validate "$share/applications/kestrava.desktop"
 metainfo=$share/metainfo/example.kestrava.kestrava.metainfo.xml
 appstreamcli validate --no-net "$metainfo"
 
-hardening-check "$content/usr/bin/kestrava" >"$content/hardening" || {
+# Control flow integrity is compiled in, but Debian's own start of a program lacks its mark.
+hardening-check --nocfprotection "$content/usr/bin/kestrava" >"$content/hardening" || {
   cat "$content/hardening" >&2
   exit 1
 }
