@@ -17,6 +17,12 @@ namespace {
 constexpr std::string_view kMagicLine = "ZR_Kestrava_ConnectionList";
 constexpr char kSeparator = ',';
 
+// No list comes near these, and a file that does costs neither memory nor time beyond them. A line
+// has room for five texts as long as a text box takes (32767 characters of four bytes each).
+constexpr std::size_t kMostBytes = 256 * 1024 * 1024;
+constexpr std::int32_t kMostLines = 2 * 1024 * 1024;
+constexpr std::size_t kLongestLine = 1024 * 1024;
+
 std::string FailureText(int number, const std::string& description) {
   return std::to_string(number) + " - " + description;
 }
@@ -49,7 +55,7 @@ void WriteRows(MSFlexGrid& grid, TextStream& stream) {
 
 void AppendConnection(MSFlexGrid& grid, std::string_view line) {
   AppendConnectionRow(grid);
-  if (line.size() > TextReader::kLongestLine) {
+  if (line.size() > kLongestLine) {
     throw RuntimeError(kErrorOverflow, "a line of the list is too long");
   }
   for (const Column column : {kNameColumn, kAddressColumn, kStatusColumn, kCheckingColumn}) {
@@ -90,10 +96,11 @@ std::string LoadConnectionList(const std::string& fileName, MSFlexGrid& grid,
                                FileSystemObject& fileSystem) {
   return ResultOf([&]() -> std::string {
     grid.SetRows(kHeadingRow + 1);
-    const std::unique_ptr<TextReader> reader = fileSystem.OpenForReading(fileName);
+    TextReader reader = fileSystem.OpenForReading(fileName, kMostBytes);
     bool magicLineSeen = false;
-    while (!reader->AtEnd()) {
-      const std::string_view line = reader->ReadLine();
+    for (std::int32_t lines = 0; !reader.AtEnd(); ++lines) {
+      if (lines == kMostLines) throw RuntimeError(kErrorOverflow, "the list has too many lines");
+      const std::string_view line = reader.ReadLine();
       if (line == kMagicLine) {
         magicLineSeen = true;
       } else if (magicLineSeen) {

@@ -28,8 +28,9 @@ std::string SaveConnectionList(const std::string& fileName, MSFlexGrid& grid,
                                ConfirmOverwrite confirmOverwrite, FileSystemObject& fileSystem,
                                MessageBoxes& messageBoxes);
 
-/// Replaces the table's rows by those of a file. A line with too few commas, or longer than
-/// `TextReader::kLongestLine`, is an error; the rows ahead of it stay.
+/// Replaces the table's rows by those of a file. A line with too few commas, or longer than 1 MiB,
+/// is an error, and so is a line past the first 2097152, whatever they hold; the rows ahead of it
+/// stay. Of a file of more than 256 MiB nothing is taken.
 /// @return `kReselect` if the file has no magic line.
 std::string LoadConnectionList(const std::string& fileName, MSFlexGrid& grid,
                                FileSystemObject& fileSystem);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -46,9 +47,10 @@ class FileSystemObject {
   ///   file.
   virtual std::unique_ptr<TextStream> OpenTextFile(const std::string& name) = 0;
 
-  /// Opens a file for sequential reading. It is closed when the reader goes.
-  /// @throws RuntimeError as `OpenTextFile`.
-  virtual std::unique_ptr<TextReader> OpenForReading(const std::string& name) = 0;
+  /// Reads a whole file and closes it.
+  /// @throws RuntimeError as `OpenTextFile`, or if it has more than `mostBytes` bytes, of which no
+  ///   more than these are read.
+  virtual TextReader OpenForReading(const std::string& name, std::size_t mostBytes) = 0;
 };
 
 }  // namespace kestrava

@@ -101,13 +101,16 @@ TEST_F(ListFile, WhatCannotBeWrittenOrReadIsTold) {
   std::filesystem::permissions(folder, std::filesystem::perms(0755));
 }
 
-TEST_F(ListFile, AHugeOneEndsTheLoad) {
-  constexpr std::uintmax_t kGigabyte = 1 << 30;
-  for (const std::string& start : {std::string("x"), kMagic}) {
-    Write(start);
-    std::filesystem::resize_file(file, kGigabyte);
-    EXPECT_EQ(Load(file), start == kMagic ? "6 - a line of the list is too long" : kReselect);
+TEST_F(ListFile, WhatIsNoListEndsTheLoad) {
+  for (const auto& [content, result] : std::initializer_list<std::pair<std::string, std::string>>{
+           {kMagic + std::string(1024 * 1024 + 1, 'x'), "6 - a line of the list is too long"},
+           {std::string(2 * 1024 * 1024 + 1, '\r'), "6 - the list has too many lines"},
+           {std::string(2 * 1024 * 1024, '\r'), kReselect}}) {
+    Write(content);
+    EXPECT_EQ(Load(file), result);
   }
+  std::filesystem::resize_file(file, 256 * 1024 * 1024 + 1);
+  EXPECT_EQ(Load(file), SystemError(EFBIG));
 }
 
 TEST_F(ListFile, ASaveThatRunsOutOfRoomKeepsTheHead) {

@@ -68,7 +68,7 @@ TEST(Faults, OfAnyCallShowInTheirPlaceAndHarmNothingElse) {
     Lines shows;
   } cases[] = {
       {{"ReadSetting"}, {"interval 15"}},
-      {{"OpenForReading", "Read"}, {notLoaded}},
+      {{"OpenForReading"}, {notLoaded}},
       {{"DeleteFile", "OpenTextFile", "WriteLine", "Close"}, {notSaved}},
       {{"WSAStartup"},
        {"Windows Sockets for 32 bit Windows environments is not successfully responding."}},

@@ -45,15 +45,14 @@ class MemoryFiles : public Faulty, public FileSystemObject {
     MayRaise("OpenTextFile");
     return std::make_unique<Stream>(*this, files[name] = "");
   }
-  std::unique_ptr<TextReader> OpenForReading(const std::string& name) override {
+  TextReader OpenForReading(const std::string& name, std::size_t) override {
     MayRaise("OpenForReading");
     if (!FileExists(name)) throw RuntimeError(2, "missing");
-    return std::make_unique<Reader>(*this, files[name]);
+    return TextReader(files[name]);
   }
 
   std::map<std::string, std::string> files;  ///< contents by name
   std::string folder;                        ///< the one that exists
-  std::size_t chunk = 4096;                  ///< bytes that a reader is given at a time
 
  private:
   struct Stream : TextStream {
@@ -65,17 +64,6 @@ class MemoryFiles : public Faulty, public FileSystemObject {
     void Close() override { all_.MayRaise("Close"); }
     MemoryFiles& all_;
     std::string& file_;
-  };
-  struct Reader : TextReader {
-    Reader(MemoryFiles& all, std::string_view rest) : all_(all), rest_(rest) {}
-    std::size_t Read(std::span<char> buffer) override {
-      all_.MayRaise("Read");
-      const std::size_t count = rest_.copy(buffer.data(), std::min(all_.chunk, buffer.size()));
-      rest_.remove_prefix(count);
-      return count;
-    }
-    MemoryFiles& all_;
-    std::string_view rest_;
   };
 };
 

@@ -1,8 +1,10 @@
 #include "platform/linux/linux_file_system.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <optional>
+#include <span>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -14,6 +16,7 @@
 namespace kestrava {
 namespace {
 
+constexpr std::size_t kReadSize = 64 * 1024;
 constexpr std::size_t kWriteSize = 1024 * 1024;
 constexpr mode_t kNewFileMode = 0666;  // less what the user's mask takes away
 constexpr mode_t kAnyWriteBit = 0222;
@@ -39,21 +42,32 @@ FileDescriptor OpenRegularFile(const std::string& name, int flags) {
   return file;
 }
 
-class LinuxTextReader final : public TextReader {
- public:
-  explicit LinuxTextReader(FileDescriptor file) : file_(std::move(file)) {}
-
- private:
-  std::size_t Read(std::span<char> buffer) override {
-    for (;;) {
-      const ssize_t count = read(file_.Number(), buffer.data(), buffer.size());
-      if (count >= 0) return static_cast<std::size_t>(count);
-      if (errno != EINTR) Raise(errno);
-    }
+/// @return 0 at the end of the file.
+std::size_t ReadSome(const FileDescriptor& file, std::span<char> buffer) {
+  for (;;) {
+    const ssize_t count = read(file.Number(), buffer.data(), buffer.size());
+    if (count >= 0) return static_cast<std::size_t>(count);
+    if (errno != EINTR) Raise(errno);
   }
+}
 
-  FileDescriptor file_;
-};
+/// A file may tell no size, or grow meanwhile, so its size is where the reading starts from, no
+/// more.
+std::string ReadAll(const FileDescriptor& file, std::size_t mostBytes) {
+  struct stat status;
+  if (fstat(file.Number(), &status) != 0) Raise(errno);
+  const auto told = static_cast<std::size_t>(status.st_size);
+  if (told > mostBytes) Raise(EFBIG);
+  std::string bytes(std::min(std::max(told + 1, kReadSize), mostBytes + 1), '\0');
+  std::size_t size = 0;
+  while (const std::size_t count = ReadSome(file, std::span(bytes).subspan(size))) {
+    size += count;
+    if (size > mostBytes) Raise(EFBIG);
+    if (size == bytes.size()) bytes.resize(std::min(2 * size, mostBytes + 1));
+  }
+  bytes.resize(size);
+  return bytes;
+}
 
 class LinuxTextStream final : public TextStream {
  public:
@@ -110,8 +124,8 @@ std::unique_ptr<TextStream> LinuxFileSystem::OpenTextFile(const std::string& nam
   return std::make_unique<LinuxTextStream>(OpenRegularFile(name, O_WRONLY | O_CREAT | O_TRUNC));
 }
 
-std::unique_ptr<TextReader> LinuxFileSystem::OpenForReading(const std::string& name) {
-  return std::make_unique<LinuxTextReader>(OpenRegularFile(name, O_RDONLY));
+TextReader LinuxFileSystem::OpenForReading(const std::string& name, std::size_t mostBytes) {
+  return TextReader(ReadAll(OpenRegularFile(name, O_RDONLY), mostBytes));
 }
 
 }  // namespace kestrava

@@ -12,7 +12,7 @@ class LinuxFileSystem final : public FileSystemObject {
   bool FolderExists(const std::string& name) override;
   void DeleteFile(const std::string& name, ReadOnlyFile readOnlyFile) override;
   std::unique_ptr<TextStream> OpenTextFile(const std::string& name) override;
-  std::unique_ptr<TextReader> OpenForReading(const std::string& name) override;
+  TextReader OpenForReading(const std::string& name, std::size_t mostBytes) override;
 };
 
 }  // namespace kestrava
