@@ -3,6 +3,7 @@
 #include <memory>
 #include <new>
 #include <string_view>
+#include <utility>
 
 #include "monitor/connection_table.h"
 #include "platform/file_system.h"
@@ -15,6 +16,7 @@ namespace kestrava {
 namespace {
 
 constexpr std::string_view kMagicLine = "ZR_Kestrava_ConnectionList";
+constexpr std::string_view kLineEnd = "\r\n";
 constexpr char kSeparator = ',';
 
 // No list comes near these, and a file that does costs neither memory nor time beyond them. A line
@@ -39,18 +41,19 @@ std::string ResultOf(Operation operation) {
   }
 }
 
-void WriteRows(MSFlexGrid& grid, TextStream& stream) {
-  std::string line;
+/// The whole list. Its last line has no line end yet.
+std::string ListText(MSFlexGrid& grid) {
+  std::string text(kMagicLine);
   for (std::int32_t row = kHeadingRow + 1; row < grid.Rows(); ++row) {
     grid.SetRow(row);
-    line.clear();
+    text += kLineEnd;
     for (std::int32_t col = kNameColumn; col < grid.Cols(); ++col) {
       grid.SetCol(col);
-      line += grid.TextView();
-      if (col < grid.Cols() - 1) line += kSeparator;
+      text += grid.TextView();
+      if (col < grid.Cols() - 1) text += kSeparator;
     }
-    stream.WriteLine(line);
   }
+  return text;
 }
 
 void AppendConnection(MSFlexGrid& grid, std::string_view line) {
@@ -76,17 +79,18 @@ std::string SaveConnectionList(const std::string& fileName, MSFlexGrid& grid,
                                MessageBoxes& messageBoxes) {
   return ResultOf([&]() -> std::string {
     if (grid.Rows() == kHeadingRow + 1) return {};
-    if (fileSystem.FileExists(fileName)) {
-      if (confirmOverwrite == ConfirmOverwrite::Yes &&
-          messageBoxes.AskYesNo("Are you sure you want to overwrite the existing file ?",
-                                "Overwrite File ?") == YesNo::No) {
-        return kReselect;
-      }
-      fileSystem.DeleteFile(fileName, ReadOnlyFile::Delete);
+    const bool exists = fileSystem.FileExists(fileName);
+    if (exists && confirmOverwrite == ConfirmOverwrite::Yes &&
+        messageBoxes.AskYesNo("Are you sure you want to overwrite the existing file ?",
+                              "Overwrite File ?") == YesNo::No) {
+      return kReselect;
     }
+    // What can go wrong should do so while the older file is still there.
+    std::string text = ListText(grid);
+    fileSystem.EnsureRoom(fileName, text.size() + kLineEnd.size());
+    if (exists) fileSystem.DeleteFile(fileName, ReadOnlyFile::Delete);
     const std::unique_ptr<TextStream> stream = fileSystem.OpenTextFile(fileName);
-    stream->WriteLine(kMagicLine);
-    WriteRows(grid, *stream);
+    stream->WriteLine(std::move(text));
     stream->Close();
     return {};
   });

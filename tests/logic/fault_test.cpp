@@ -69,7 +69,7 @@ TEST(Faults, OfAnyCallShowInTheirPlaceAndHarmNothingElse) {
   } cases[] = {
       {{"ReadSetting"}, {"interval 15"}},
       {{"OpenForReading"}, {notLoaded}},
-      {{"DeleteFile", "OpenTextFile", "WriteLine", "Close"}, {notSaved}},
+      {{"EnsureRoom", "DeleteFile", "OpenTextFile", "WriteLine", "Close"}, {notSaved}},
       {{"WSAStartup"},
        {"Windows Sockets for 32 bit Windows environments is not successfully responding."}},
       {{"WSACleanup"}, {"Windows Sockets error -1 occurred in Cleanup."}},

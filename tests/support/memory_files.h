@@ -37,6 +37,7 @@ class MemoryFiles : public Faulty, public FileSystemObject {
  public:
   bool FileExists(const std::string& name) override { return files.contains(name); }
   bool FolderExists(const std::string& name) override { return name == folder; }
+  void EnsureRoom(const std::string&, std::size_t) override { MayRaise("EnsureRoom"); }
   void DeleteFile(const std::string& name, ReadOnlyFile) override {
     MayRaise("DeleteFile");
     files.erase(name);
@@ -57,7 +58,7 @@ class MemoryFiles : public Faulty, public FileSystemObject {
  private:
   struct Stream : TextStream {
     Stream(MemoryFiles& all, std::string& file) : all_(all), file_(file) {}
-    void WriteLine(std::string_view text) override {
+    void WriteLine(std::string text) override {
       all_.MayRaise("WriteLine");
       file_.append(text).append("\r\n");
     }
