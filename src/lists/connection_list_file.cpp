@@ -7,6 +7,7 @@
 
 #include "monitor/connection_table.h"
 #include "platform/file_system.h"
+#include "platform/file_worker.h"
 #include "platform/flex_grid.h"
 #include "platform/message_box.h"
 #include "platform/runtime_error.h"
@@ -29,15 +30,14 @@ std::string FailureText(int number, const std::string& description) {
   return std::to_string(number) + " - " + description;
 }
 
-/// Runs one operation and turns an error into its result.
-template <typename Operation>
-std::string ResultOf(Operation operation) {
+/// Awaits one operation and turns an error into its result.
+Task<std::string> ResultOf(Task<std::string> operation) {
   try {
-    return operation();
+    co_return co_await operation;
   } catch (const RuntimeError& error) {
-    return FailureText(error.Number(), error.what());
+    co_return FailureText(error.Number(), error.what());
   } catch (const std::bad_alloc&) {
-    return FailureText(kErrorOutOfMemory, "out of memory");
+    co_return FailureText(kErrorOutOfMemory, "out of memory");
   }
 }
 
@@ -72,47 +72,70 @@ void AppendConnection(MSFlexGrid& grid, std::string_view line) {
   WriteCell(grid, kLastCheckedColumn, line);
 }
 
-}  // namespace
-
-std::string SaveConnectionList(const std::string& fileName, MSFlexGrid& grid,
-                               ConfirmOverwrite confirmOverwrite, FileSystemObject& fileSystem,
-                               MessageBoxes& messageBoxes) {
-  return ResultOf([&]() -> std::string {
-    if (grid.Rows() == kHeadingRow + 1) return {};
-    const bool exists = fileSystem.FileExists(fileName);
-    if (exists && confirmOverwrite == ConfirmOverwrite::Yes &&
-        messageBoxes.AskYesNo("Are you sure you want to overwrite the existing file ?",
-                              "Overwrite File ?") == YesNo::No) {
-      return kReselect;
-    }
-    // What can go wrong should do so while the older file is still there.
-    std::string text = ListText(grid);
-    fileSystem.EnsureRoom(fileName, text.size() + kLineEnd.size());
-    if (exists) fileSystem.DeleteFile(fileName, ReadOnlyFile::Delete);
-    const std::unique_ptr<TextStream> stream = fileSystem.OpenTextFile(fileName);
+Task<std::string> Save(const std::string& fileName, MSFlexGrid& grid,
+                       ConfirmOverwrite confirmOverwrite, FileWorker& files,
+                       MessageBoxes& messageBoxes) {
+  if (grid.Rows() == kHeadingRow + 1) co_return "";
+  const auto look = [fileName](FileSystemObject& system) { return system.FileExists(fileName); };
+  const bool exists = co_await files.Get(fileName, look);
+  if (exists && confirmOverwrite == ConfirmOverwrite::Yes &&
+      messageBoxes.AskYesNo("Are you sure you want to overwrite the existing file ?",
+                            "Overwrite File ?") == YesNo::No) {
+    co_return kReselect;
+  }
+  // What can go wrong should do so while the older file is still there.
+  std::string text = ListText(grid);
+  FileWorker::Job ensureRoom = [fileName, bytes = text.size() + kLineEnd.size()](auto& system) {
+    system.EnsureRoom(fileName, bytes);
+  };
+  co_await files.Run(fileName, AtEnd::Drop, std::move(ensureRoom));
+  // In one job: once the older file is deleted, the new one follows, whoever still waits for it.
+  FileWorker::Job write = [fileName, exists, text = std::move(text)](auto& system) mutable {
+    if (exists) system.DeleteFile(fileName, ReadOnlyFile::Delete);
+    const std::unique_ptr<TextStream> stream = system.OpenTextFile(fileName);
     stream->WriteLine(std::move(text));
     stream->Close();
-    return {};
-  });
+  };
+  co_await files.Run(fileName, AtEnd::Finish, std::move(write));
+  co_return "";
 }
 
-std::string LoadConnectionList(const std::string& fileName, MSFlexGrid& grid,
-                               FileSystemObject& fileSystem) {
-  return ResultOf([&]() -> std::string {
-    grid.SetRows(kHeadingRow + 1);
-    TextReader reader = fileSystem.OpenForReading(fileName, kMostBytes);
-    bool magicLineSeen = false;
-    for (std::int32_t lines = 0; !reader.AtEnd(); ++lines) {
-      if (lines == kMostLines) throw RuntimeError(kErrorOverflow, "the list has too many lines");
-      const std::string_view line = reader.ReadLine();
-      if (line == kMagicLine) {
-        magicLineSeen = true;
-      } else if (magicLineSeen) {
-        AppendConnection(grid, line);
-      }
+Task<std::string> Fetch(const std::string& fileName, FileWorker& files, TextReader& list) {
+  const auto look = [fileName](FileSystemObject& system) {
+    return system.OpenForReading(fileName, kMostBytes);
+  };
+  list = co_await files.Get(fileName, look);
+  co_return "";
+}
+
+Task<std::string> Read(TextReader& list, MSFlexGrid& grid) {
+  bool magicLineSeen = false;
+  for (std::int32_t lines = 0; !list.AtEnd(); ++lines) {
+    if (lines == kMostLines) throw RuntimeError(kErrorOverflow, "the list has too many lines");
+    const std::string_view line = list.ReadLine();
+    if (line == kMagicLine) {
+      magicLineSeen = true;
+    } else if (magicLineSeen) {
+      AppendConnection(grid, line);
     }
-    return magicLineSeen ? "" : kReselect;
-  });
+  }
+  co_return magicLineSeen ? "" : kReselect;
+}
+
+}  // namespace
+
+Task<std::string> SaveConnectionList(std::string fileName, MSFlexGrid& grid,
+                                     ConfirmOverwrite confirmOverwrite, FileWorker& files,
+                                     MessageBoxes& messageBoxes) {
+  co_return co_await ResultOf(Save(fileName, grid, confirmOverwrite, files, messageBoxes));
+}
+
+Task<std::string> LoadConnectionList(std::string fileName, MSFlexGrid& grid, FileWorker& files) {
+  TextReader list("");
+  std::string result = co_await ResultOf(Fetch(fileName, files, list));
+  grid.SetRows(kHeadingRow + 1);
+  if (result.empty()) result = co_await ResultOf(Read(list, grid));
+  co_return result;
 }
 
 }  // namespace kestrava

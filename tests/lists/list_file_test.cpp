@@ -2,6 +2,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <poll.h>
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
@@ -9,7 +10,8 @@
 #include <unistd.h>
 
 #include "lists/connection_list_file.h"
-#include "platform/linux/linux_file_system.h"
+#include "platform/linux/linux_file_worker.h"
+#include "support/await.h"
 #include "support/bare_table.h"
 #include "support/memory_desktop.h"
 
@@ -34,15 +36,25 @@ struct ListFile : testing::Test {
     std::ifstream stream(file);
     return {std::istreambuf_iterator<char>(stream), {}};
   }
-  std::string Load(const std::string& name) { return LoadConnectionList(name, table.grid, files); }
+  std::string Load(const std::string& name) {
+    return Finish(LoadConnectionList(name, table.grid, files));
+  }
   std::string Save(const std::string& name) {
-    return SaveConnectionList(name, table.grid, ConfirmOverwrite::No, files, boxes);
+    return Finish(SaveConnectionList(name, table.grid, ConfirmOverwrite::No, files, boxes));
+  }
+  std::string Finish(Task<std::string> operation) {
+    return Await(std::move(operation), [this] {
+      pollfd watched{waits.Descriptor(), POLLIN, 0};
+      poll(&watched, 1, -1);
+      waits.Dispatch();
+    });
   }
 
   std::string pattern = std::filesystem::temp_directory_path() / "lists, \xC3\xBC\xFF XXXXXX";
   const std::filesystem::path folder = mkdtemp(pattern.data());
   const std::string file = folder / "my list.kvl";
-  LinuxFileSystem files;
+  DescriptorWaits waits;
+  LinuxFileWorker files{waits};
   MemoryDesktop boxes;
   BareTable table;
 };

@@ -9,6 +9,7 @@
 
 #include "platform/common_dialog.h"
 #include "platform/file_system.h"
+#include "platform/file_worker.h"
 #include "platform/runtime_error.h"
 
 namespace kestrava::test {
@@ -33,8 +34,12 @@ class Faulty {
 };
 
 /// Files without a disk.
-class MemoryFiles : public Faulty, public FileSystemObject {
+class MemoryFiles : public Faulty, public FileSystemObject, public FileWorker {
  public:
+  Task<> Run(std::string, AtEnd, Job job) override {
+    co_await hang;
+    job(*this);
+  }
   bool FileExists(const std::string& name) override { return files.contains(name); }
   bool FolderExists(const std::string& name) override { return name == folder; }
   void EnsureRoom(const std::string&, std::size_t) override { MayRaise("EnsureRoom"); }
@@ -54,6 +59,14 @@ class MemoryFiles : public Faulty, public FileSystemObject {
 
   std::map<std::string, std::string> files;  ///< contents by name
   std::string folder;                        ///< the one that exists
+  /// A share that doesn't answer, until what waits for it is told to go on.
+  struct Hang {
+    bool await_ready() const { return !hangs; }
+    void await_suspend(std::coroutine_handle<> work) { waiting = work; }
+    void await_resume() const {}
+    bool hangs = false;
+    std::coroutine_handle<> waiting;
+  } hang;
 
  private:
   struct Stream : TextStream {
