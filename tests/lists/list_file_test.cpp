@@ -1,12 +1,15 @@
+#include <atomic>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <future>
 #include <poll.h>
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 #include "lists/connection_list_file.h"
@@ -17,6 +20,7 @@
 
 namespace kestrava::test {
 
+using namespace std::chrono_literals;
 using namespace std::string_literals;
 
 const std::string kMagic = "ZR_Kestrava_ConnectionList\r\n";
@@ -146,6 +150,33 @@ TEST_F(ListFile, ASaveWithoutRoomLeavesTheOldFile) {
   EXPECT_EQ(savedRows(10000), " 60028") << "the room of the old file counts";
   EXPECT_EQ(savedRows(20000), SystemError(ENOSPC) + " 60028");
   umount2(folder.c_str(), MNT_DETACH);
+}
+
+TEST_F(ListFile, WhatHangsIsLeftToItself) {
+  std::promise<void> answer;
+  const FileWorker::Job hang = [wait = answer.get_future().share()](auto&) { wait.wait(); };
+  const auto run = [](LinuxFileWorker& worker, FileWorker::Job job) -> Task<std::string> {
+    try {
+      co_await worker.Run("list", AtEnd::Drop, std::move(job));
+    } catch (const RuntimeError& error) {
+      co_return error.what();
+    }
+    co_return "";
+  };
+  LinuxFileWorker hasty(waits, {.moment = 0ms, .longest = 50ms});
+  EXPECT_EQ(Finish(run(hasty, hang)), std::strerror(ETIMEDOUT));
+  EXPECT_EQ(Finish(run(hasty, hang)), std::strerror(EBUSY)) << "it may yet happen to that file";
+  std::atomic<bool> written = false;
+  {
+    LinuxFileWorker patient(waits, {.moment = 0ms, .longest = 1h});
+    EXPECT_EQ(Finish(run(patient, [&](auto&) { answer.set_value(); })), "");
+    Task<> save = patient.Run("list", AtEnd::Finish, [&](auto&) {
+      std::this_thread::sleep_for(50ms);
+      written = true;
+    });
+    save.Start();
+  }
+  EXPECT_TRUE(written) << "the end of the program cuts no save off";
 }
 
 TEST_F(ListFile, ASaveFollowsLinks) {

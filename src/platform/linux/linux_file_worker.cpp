@@ -67,7 +67,7 @@ std::shared_ptr<LinuxFileWorker::Errand> LinuxFileWorker::Send(std::string name,
   }
   underWay_.reserve(underWay_.size() + 1);
   try {
-    const auto errand = std::make_shared<Errand>();
+    auto errand = std::make_shared<Errand>();
     errand->name = std::move(name);
     errand->atEnd = atEnd;
     errand->deadline = steady_clock::now() + patience_.longest;
