@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::string_view kMagicLine = "ZR_Kestrava_ConnectionList";
 constexpr std::string_view kLineEnd = "\r\n";
-constexpr char kSeparator = ',';
+constexpr std::string_view kSeparator = ",";
 
 // No list comes near these, and a file that does costs neither memory nor time beyond them. A line
 // has room for five texts as long as a text box takes (32767 characters of four bytes each).
@@ -41,18 +41,31 @@ Task<std::string> ResultOf(Task<std::string> operation) {
   }
 }
 
-/// The whole list. Its last line has no line end yet.
-std::string ListText(MSFlexGrid& grid) {
-  std::string text(kMagicLine);
+/// Goes through the cells of all connections, row by row.
+template <typename Use>
+void ForEachCell(MSFlexGrid& grid, Use use) {
   for (std::int32_t row = kHeadingRow + 1; row < grid.Rows(); ++row) {
     grid.SetRow(row);
-    text += kLineEnd;
     for (std::int32_t col = kNameColumn; col < grid.Cols(); ++col) {
       grid.SetCol(col);
-      text += grid.TextView();
-      if (col < grid.Cols() - 1) text += kSeparator;
+      use(grid.TextView(), col == kNameColumn ? kLineEnd : kSeparator);
     }
   }
+}
+
+/// The whole list. Its last line has no line end yet.
+std::string ListText(MSFlexGrid& grid) {
+  // A long text that grows is copied again and again.
+  std::size_t bytes = kMagicLine.size() + kLineEnd.size();
+  ForEachCell(grid, [&bytes](std::string_view cell, std::string_view ahead) {
+    bytes += ahead.size() + cell.size();
+  });
+  std::string text;
+  text.reserve(bytes);
+  text += kMagicLine;
+  ForEachCell(grid, [&text](std::string_view cell, std::string_view ahead) {
+    text.append(ahead).append(cell);
+  });
   return text;
 }
 
@@ -67,7 +80,7 @@ void AppendConnection(MSFlexGrid& grid, std::string_view line) {
       throw RuntimeError(kErrorInvalidCall, "a line of the list has fewer than four commas");
     }
     WriteCell(grid, column, line.substr(0, comma));
-    line.remove_prefix(comma + 1);
+    line.remove_prefix(comma + kSeparator.size());
   }
   WriteCell(grid, kLastCheckedColumn, line);
 }

@@ -82,7 +82,8 @@ void FilePlace::EnsureRoom(std::size_t bytes) const {
   const std::uint64_t more = bytes - std::min<std::uint64_t>(bytes, status ? RoomOf(*status) : 0);
   const auto parent = std::filesystem::path(path).parent_path();
   const std::string folder = parent.empty() ? "." : parent.string();
-  if (TryToTake(more, folder) == Room::Unknown) CompareWithFreeRoom(more, folder);
+  // Taking room costs some milliseconds, which are well spent where there is something to lose.
+  if (!status || TryToTake(more, folder) == Room::Unknown) CompareWithFreeRoom(more, folder);
 }
 
 void RequireRegularFile(const struct stat& status) {
