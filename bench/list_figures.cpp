@@ -1,3 +1,4 @@
+#include <QCoreApplication>
 #include <array>
 #include <cstdio>
 #include <fcntl.h>
@@ -47,9 +48,19 @@ class LongList {
   std::string bytes;
 };
 
+std::string Finish(Task<std::string> operation) {
+  std::string result;
+  const auto take = [](Task<std::string> awaited, std::string& given) -> Task<> {
+    given = co_await std::move(awaited);
+  };
+  Task<> task = take(std::move(operation), result);
+  for (task.Start(); task.UnderWay();) QCoreApplication::processEvents();
+  return result;
+}
+
 void Load(RealProgram& program, const LongList& list) {
   MSFlexGrid& grid = program.window.grdServers;
-  const std::string result = LoadConnectionList(list.name, grid, program.FileSystem());
+  const std::string result = Finish(LoadConnectionList(list.name, grid, program.Files()));
   if (!result.empty()) throw std::runtime_error("the list isn't loaded: " + result);
   if (grid.Rows() != kRows + 1) throw std::runtime_error("the list isn't whole");
   program.CatchUp();
@@ -126,8 +137,8 @@ void MeasureSave(const std::string& folder) {
         std::filesystem::remove(list.name);
         const double seconds = SecondsOf([&] {
           const std::string result =
-              SaveConnectionList(list.name, program.window.grdServers, ConfirmOverwrite::No,
-                                 program.FileSystem(), program.Boxes());
+              Finish(SaveConnectionList(list.name, program.window.grdServers, ConfirmOverwrite::No,
+                                        program.Files(), program.Boxes()));
           if (!result.empty()) throw std::runtime_error("the list isn't saved: " + result);
         });
         if (Contents(list.name) != list.bytes) throw std::runtime_error("saved something else");

@@ -33,7 +33,7 @@ class RealProgram {
   void CatchUp();
 
   EventLoop& Loop() { return services_.eventLoop; }
-  FileSystemObject& FileSystem() { return services_.fileSystem; }
+  FileWorker& Files() { return services_.files; }
   MessageBoxes& Boxes() { return services_.messageBoxes; }
 
  private:

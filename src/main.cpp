@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <clocale>
+#include <csignal>
 #include <cstdio>
 #include <functional>
 
@@ -30,6 +31,9 @@ int main(int argc, char* argv[]) {
     return kExitUsage;
   }
 
+  // A file that may grow no further, or a reader of standard error that has gone, is an error of
+  // the write that meets it. Programs that are started find every signal as it is by default.
+  for (const int signal : {SIGXFSZ, SIGPIPE}) std::signal(signal, SIG_IGN);
   std::function<void()> unloadMainWindow;
   TerminationSignals terminationSignals([&unloadMainWindow] { unloadMainWindow(); });
 

@@ -9,7 +9,6 @@
 #include "general/modGeneral.h"
 #include "help/frmAbout.h"
 #include "help/web_pages.h"
-#include "lists/connection_list_file.h"
 #include "monitor/connection_table.h"
 #include "monitor/main_window_spec.h"
 #include "platform/error_report.h"
@@ -34,7 +33,7 @@ frmMain::frmMain(const Platform& platform)
       probe_(ping_, platform.rdp, platform.eventLoop),
       checkPass_(grdServers, probe_, platform.eventLoop, platform.clock, *this, state_),
       schedule_(platform.clock, state_),
-      lists_(grdServers, platform.fileSystem, platform.commonDialog, platform.messageBoxes,
+      lists_(grdServers, platform.files, platform.commonDialog, platform.messageBoxes,
              state_.LastListFile, platform.programFolder, [this] { ApplyButtonRule(); }),
       popup_(*this, mnufile, mnuFileRestore, platform.messages, state_,
              [this] { RestoreWindow(); }),
@@ -69,9 +68,7 @@ void frmMain::Form_Load() {
   icon_.TrayIconAdd();
   mnuFileAuto.SetChecked(ReadBoolean(platform_.settings, kAutoLoadList));
   state_.LastListFile = ReadText(platform_.settings, kLastListFile);
-  if (mnuFileAuto.Checked() && !state_.LastListFile.empty()) {
-    LoadConnectionList(state_.LastListFile, grdServers, platform_.fileSystem);
-  }
+  if (mnuFileAuto.Checked() && !state_.LastListFile.empty()) lists_.LoadLastList();
   schedule_.SetInterval(ReadMinutes(platform_.settings, kInterval));
   state_.ShowBalloons = ReadBoolean(platform_.settings, kTips);
   if (ReadsOne(platform_.settings, kTray)) mnuFileTray_Click();

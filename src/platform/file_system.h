@@ -1,8 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
-#include <string_view>
 
 #include "platform/text_reader.h"
 
@@ -14,9 +14,9 @@ class TextStream {
   /// Closes the file, if `Close` didn't, and reports nothing.
   virtual ~TextStream() = default;
 
-  /// Writes the bytes of `text` and CR LF behind them. They may wait in memory until `Close`.
-  /// @throws RuntimeError with the system's number.
-  virtual void WriteLine(std::string_view text) = 0;
+  /// Writes the bytes of `text`, which may be many lines, and CR LF behind them. They wait in
+  /// memory until `Close`.
+  virtual void WriteLine(std::string text) = 0;
 
   /// Returns when the file is complete on disk.
   /// @throws RuntimeError with the system's number.
@@ -37,18 +37,27 @@ class FileSystemObject {
   /// True if there is a folder of that name.
   virtual bool FolderExists(const std::string& name) = 0;
 
-  /// The file is gone afterwards.
+  /// Finds out whether a file of `bytes` bytes can take the place of the file of that name, or of
+  /// none, once that is deleted: whether the folder can be written to and the disk has the room, as
+  /// far as the system tells. Nothing is changed.
+  /// @throws RuntimeError if it can't.
+  virtual void EnsureRoom(const std::string& name, std::size_t bytes) = 0;
+
+  /// The file is gone afterwards. Of a symbolic link that is the file that it leads to.
   /// @throws RuntimeError if it can't be deleted; a folder can't.
   virtual void DeleteFile(const std::string& name, ReadOnlyFile readOnlyFile) = 0;
 
-  /// Opens a file for writing 8-bit text from its start, and creates it if it is missing.
+  /// Opens a file for writing 8-bit text from its start, and creates it if it is missing. If it is
+  /// the one that was deleted last, it stands where that stood, links followed, and has its
+  /// permissions, and its owner and group as far as the system lets it.
   /// @throws RuntimeError if that can't be done, or if the name is that of something else than a
   ///   file.
   virtual std::unique_ptr<TextStream> OpenTextFile(const std::string& name) = 0;
 
-  /// Opens a file for sequential reading. It is closed when the reader goes.
-  /// @throws RuntimeError as `OpenTextFile`.
-  virtual std::unique_ptr<TextReader> OpenForReading(const std::string& name) = 0;
+  /// Reads a whole file and closes it.
+  /// @throws RuntimeError as `OpenTextFile`, or if it has more than `mostBytes` bytes, of which no
+  ///   more than these are read.
+  virtual TextReader OpenForReading(const std::string& name, std::size_t mostBytes) = 0;
 };
 
 }  // namespace kestrava

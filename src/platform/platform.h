@@ -7,7 +7,7 @@ namespace kestrava {
 class Clock;
 class CommonDialog;
 class EventLoop;
-class FileSystemObject;
+class FileWorker;
 class IcmpService;
 class MessageBoxes;
 class MsRdpClient2;
@@ -34,7 +34,7 @@ struct Platform {
   WindowsSockets& sockets;
   MsRdpClient2& rdp;
   SettingsStore& settings;
-  FileSystemObject& fileSystem;
+  FileWorker& files;
   NotificationArea& notificationArea;
   VersionInfo& versions;
   WindowMessages& messages;

@@ -1,8 +1,8 @@
-// Feeds the list reader with any bytes. The first byte tells how many bytes the reader is given at
-// a time, the others are the file.
+// Feeds the list reader with any bytes.
 #include "fuzz/fuzz.h"
 #include "lists/connection_list_file.h"
 #include "platform/message_box.h"
+#include "support/await.h"
 #include "support/bare_table.h"
 #include "support/memory_files.h"
 
@@ -12,27 +12,30 @@ namespace {
 
 struct NoBoxes : MessageBoxes {
   void MsgBox(const std::string&, MessageIcon) override { std::abort(); }
+  std::unique_ptr<OpenMsgBox> ShowMsgBox(const std::string&, MessageIcon,
+                                         std::function<void()>) override {
+    std::abort();
+  }
   YesNo AskYesNo(const std::string&, const std::string&) override { std::abort(); }
 };
+
+std::string Finish(Task<std::string> operation) {
+  return test::Await(std::move(operation), [] { std::abort(); });
+}
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  if (size == 0) return 0;
   test::MemoryFiles files;
-  files.chunk = data[0] + 1U;
-  files.files["list"].assign(data + 1, data + size);
+  files.files["list"].assign(data, data + size);
   test::BareTable first;
-  const std::string result = LoadConnectionList("list", first.grid, files);
-  files.chunk = size;
   test::BareTable second;
-  Require(LoadConnectionList("list", second.grid, files) == result);
-  Require(first.Connections() == second.Connections());
-  if (!result.empty()) return 0;
+  if (!Finish(LoadConnectionList("list", first.grid, files)).empty()) return 0;
 
   NoBoxes boxes;
-  Require(SaveConnectionList("list", first.grid, ConfirmOverwrite::No, files, boxes).empty());
-  Require(LoadConnectionList("list", second.grid, files).empty());
+  Require(
+      Finish(SaveConnectionList("list", first.grid, ConfirmOverwrite::No, files, boxes)).empty());
+  Require(Finish(LoadConnectionList("list", second.grid, files)).empty());
   Require(first.Connections() == second.Connections());
   return 0;
 }

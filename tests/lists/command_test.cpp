@@ -58,4 +58,25 @@ TEST(ListCommands, LoopUntilAFileServesOrFails) {
   }
 }
 
+TEST(ListCommands, AShareThatHangsHoldsUpNothingElse) {
+  Scenario program(StoredSettings{{"AutoLoadList", "-1"}, {"LastListFile", "list"}});
+  program.files.files["list"] = "ZR_Kestrava_ConnectionList\r\na,b,c,d,e\r\n";
+  program.files.hang.hangs = true;
+  program.settings.values["Preferences/Interval"] = "7";
+  program.desktop.Load(program.window);
+  EXPECT_EQ(program.window.State().CheckInterval, 7) << "the start goes on";
+  program.Add("typed", "10.0.0.1");
+  for (auto* entry :
+       {&program.window.mnuFileNew, &program.window.mnuFileLoad, &program.window.mnuFileSave}) {
+    entry->Click.Raise();
+  }
+  EXPECT_EQ(program.desktop.boxes.size(), 2) << "Load and Save are refused with a word";
+  EXPECT_EQ(program.Rows(), 2) << "New is refused, too";
+  program.window.cmdCheck.SetEnabled(false);
+  program.files.hang.waiting.resume();
+  ASSERT_EQ(program.Rows(), 2);
+  EXPECT_EQ(program.Cell(1, 1), "a") << "the list takes the place of all rows";
+  EXPECT_TRUE(program.window.cmdCheck.Enabled());
+}
+
 }  // namespace kestrava::test

@@ -1,19 +1,26 @@
+#include <atomic>
 #include <cerrno>
-#include <csignal>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <future>
+#include <poll.h>
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 #include "lists/connection_list_file.h"
-#include "platform/linux/linux_file_system.h"
+#include "platform/linux/linux_file_worker.h"
+#include "support/await.h"
 #include "support/bare_table.h"
 #include "support/memory_desktop.h"
 
 namespace kestrava::test {
 
+using namespace std::chrono_literals;
 using namespace std::string_literals;
 
 const std::string kMagic = "ZR_Kestrava_ConnectionList\r\n";
@@ -33,15 +40,25 @@ struct ListFile : testing::Test {
     std::ifstream stream(file);
     return {std::istreambuf_iterator<char>(stream), {}};
   }
-  std::string Load(const std::string& name) { return LoadConnectionList(name, table.grid, files); }
+  std::string Load(const std::string& name) {
+    return Finish(LoadConnectionList(name, table.grid, files));
+  }
   std::string Save(const std::string& name) {
-    return SaveConnectionList(name, table.grid, ConfirmOverwrite::No, files, boxes);
+    return Finish(SaveConnectionList(name, table.grid, ConfirmOverwrite::No, files, boxes));
+  }
+  std::string Finish(Task<std::string> operation) {
+    return Await(std::move(operation), [this] {
+      pollfd watched{waits.Descriptor(), POLLIN, 0};
+      poll(&watched, 1, -1);
+      waits.Dispatch();
+    });
   }
 
   std::string pattern = std::filesystem::temp_directory_path() / "lists, \xC3\xBC\xFF XXXXXX";
   const std::filesystem::path folder = mkdtemp(pattern.data());
   const std::string file = folder / "my list.kvl";
-  LinuxFileSystem files;
+  DescriptorWaits waits;
+  LinuxFileWorker files{waits};
   MemoryDesktop boxes;
   BareTable table;
 };
@@ -88,7 +105,7 @@ TEST_F(ListFile, WhatCannotBeWrittenOrReadIsTold) {
       {folder / "new", SystemError(EACCES), SystemError(ENOENT)},
       {folder / "no" / "list", SystemError(ENOENT), SystemError(ENOENT)},
       {folder, SystemError(EISDIR), SystemError(EISDIR)},
-      {pipe, SystemError(ENXIO), unsupported},
+      {pipe, unsupported, unsupported},
       {"/dev/zero", unsupported, unsupported}};
   for (const auto& [name, saveError, loadError] : cases) {
     AppendConnectionRow(table.grid);
@@ -101,29 +118,82 @@ TEST_F(ListFile, WhatCannotBeWrittenOrReadIsTold) {
   std::filesystem::permissions(folder, std::filesystem::perms(0755));
 }
 
-TEST_F(ListFile, AHugeOneEndsTheLoad) {
-  constexpr std::uintmax_t kGigabyte = 1 << 30;
-  for (const std::string& start : {std::string("x"), kMagic}) {
-    Write(start);
-    std::filesystem::resize_file(file, kGigabyte);
-    EXPECT_EQ(Load(file), start == kMagic ? "6 - a line of the list is too long" : kReselect);
+TEST_F(ListFile, WhatIsNoListEndsTheLoad) {
+  for (const auto& [content, result] : std::initializer_list<std::pair<std::string, std::string>>{
+           {kMagic + std::string(1024 * 1024 + 1, 'x'), "6 - a line of the list is too long"},
+           {std::string(2 * 1024 * 1024 + 1, '\r'), "6 - the list has too many lines"},
+           {std::string(2 * 1024 * 1024, '\r'), kReselect}}) {
+    Write(content);
+    EXPECT_EQ(Load(file), result);
   }
+  std::filesystem::resize_file(file, 256 * 1024 * 1024 + 1);
+  EXPECT_EQ(Load(file), SystemError(EFBIG));
 }
 
-TEST_F(ListFile, ASaveThatRunsOutOfRoomKeepsTheHead) {
-  std::string whole = kMagic;
-  for (int row = 0; row < 20000; ++row) whole += ",,,,\r\n";
-  table.grid.SetRows(20001);
-  EXPECT_EQ(Save(file), "");
-  EXPECT_EQ(Read(), whole);
-  signal(SIGXFSZ, SIG_IGN);
+TEST_F(ListFile, ASaveWithoutRoomLeavesTheOldFile) {
+  const auto savedRows = [&](int rows) {
+    table.grid.SetRows(1 + rows);
+    const std::string result = Save(file);
+    return result + " " + std::to_string(Read().size());
+  };
+  EXPECT_EQ(savedRows(10000), " 60028");
   rlimit room{};
   getrlimit(RLIMIT_FSIZE, &room);
   const rlimit little{65536, room.rlim_max};
   setrlimit(RLIMIT_FSIZE, &little);
-  EXPECT_EQ(Save(file), SystemError(EFBIG));
+  EXPECT_EQ(savedRows(20000), SystemError(EFBIG) + " 60028");
   setrlimit(RLIMIT_FSIZE, &room);
-  EXPECT_EQ(Read(), whole.substr(0, little.rlim_cur));
+  if (unshare(CLONE_NEWNS) != 0) GTEST_SKIP() << "no small disk can be made here";
+  mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr);
+  ASSERT_EQ(mount("none", folder.c_str(), "tmpfs", 0, "size=96k"), 0);
+  EXPECT_EQ(savedRows(10000), " 60028");
+  EXPECT_EQ(savedRows(10000), " 60028") << "the room of the old file counts";
+  EXPECT_EQ(savedRows(20000), SystemError(ENOSPC) + " 60028");
+  umount2(folder.c_str(), MNT_DETACH);
+}
+
+TEST_F(ListFile, WhatHangsIsLeftToItself) {
+  std::promise<void> answer;
+  const FileWorker::Job hang = [wait = answer.get_future().share()](auto&) { wait.wait(); };
+  const auto run = [](LinuxFileWorker& worker, FileWorker::Job job) -> Task<std::string> {
+    try {
+      co_await worker.Run("list", AtEnd::Drop, std::move(job));
+    } catch (const RuntimeError& error) {
+      co_return error.what();
+    }
+    co_return "";
+  };
+  LinuxFileWorker hasty(waits, {.moment = 0ms, .longest = 50ms});
+  EXPECT_EQ(Finish(run(hasty, hang)), std::strerror(ETIMEDOUT));
+  EXPECT_EQ(Finish(run(hasty, hang)), std::strerror(EBUSY)) << "it may yet happen to that file";
+  std::atomic<bool> written = false;
+  {
+    LinuxFileWorker patient(waits, {.moment = 0ms, .longest = 1h});
+    EXPECT_EQ(Finish(run(patient, [&](auto&) { answer.set_value(); })), "");
+    Task<> save = patient.Run("list", AtEnd::Finish, [&](auto&) {
+      std::this_thread::sleep_for(50ms);
+      written = true;
+    });
+    save.Start();
+  }
+  EXPECT_TRUE(written) << "the end of the program cuts no save off";
+}
+
+TEST_F(ListFile, ASaveFollowsLinks) {
+  const auto link = [&](const std::string& name, const char* target) {
+    std::filesystem::create_symlink(target, folder / name);
+    AppendConnectionRow(table.grid);
+    return Save(folder / name);
+  };
+  Write("old");
+  std::filesystem::permissions(file, std::filesystem::perms(0604));
+  EXPECT_EQ(link("link", "my list.kvl"), "");
+  EXPECT_EQ(link("chain", "link"), "");
+  EXPECT_TRUE(std::filesystem::is_symlink(folder / "link"));
+  EXPECT_EQ(Read(), kMagic + ",,,,\r\n,,,,\r\n");
+  EXPECT_EQ(std::filesystem::status(file).permissions(), std::filesystem::perms(0604));
+  EXPECT_EQ(link("dangling", "nowhere"), SystemError(ENOENT));
+  EXPECT_EQ(link("loop", "loop"), SystemError(ELOOP));
 }
 
 }  // namespace kestrava::test

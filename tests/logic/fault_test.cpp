@@ -68,8 +68,8 @@ TEST(Faults, OfAnyCallShowInTheirPlaceAndHarmNothingElse) {
     Lines shows;
   } cases[] = {
       {{"ReadSetting"}, {"interval 15"}},
-      {{"OpenForReading", "Read"}, {notLoaded}},
-      {{"DeleteFile", "OpenTextFile", "WriteLine", "Close"}, {notSaved}},
+      {{"OpenForReading"}, {notLoaded}},
+      {{"EnsureRoom", "DeleteFile", "OpenTextFile", "WriteLine", "Close"}, {notSaved}},
       {{"WSAStartup"},
        {"Windows Sockets for 32 bit Windows environments is not successfully responding."}},
       {{"WSACleanup"}, {"Windows Sockets error -1 occurred in Cleanup."}},

@@ -9,6 +9,7 @@
 
 #include "platform/common_dialog.h"
 #include "platform/file_system.h"
+#include "platform/file_worker.h"
 #include "platform/runtime_error.h"
 
 namespace kestrava::test {
@@ -33,10 +34,15 @@ class Faulty {
 };
 
 /// Files without a disk.
-class MemoryFiles : public Faulty, public FileSystemObject {
+class MemoryFiles : public Faulty, public FileSystemObject, public FileWorker {
  public:
+  Task<> Run(std::string, AtEnd, Job job) override {
+    co_await hang;
+    job(*this);
+  }
   bool FileExists(const std::string& name) override { return files.contains(name); }
   bool FolderExists(const std::string& name) override { return name == folder; }
+  void EnsureRoom(const std::string&, std::size_t) override { MayRaise("EnsureRoom"); }
   void DeleteFile(const std::string& name, ReadOnlyFile) override {
     MayRaise("DeleteFile");
     files.erase(name);
@@ -45,37 +51,33 @@ class MemoryFiles : public Faulty, public FileSystemObject {
     MayRaise("OpenTextFile");
     return std::make_unique<Stream>(*this, files[name] = "");
   }
-  std::unique_ptr<TextReader> OpenForReading(const std::string& name) override {
+  TextReader OpenForReading(const std::string& name, std::size_t) override {
     MayRaise("OpenForReading");
     if (!FileExists(name)) throw RuntimeError(2, "missing");
-    return std::make_unique<Reader>(*this, files[name]);
+    return TextReader(files[name]);
   }
 
   std::map<std::string, std::string> files;  ///< contents by name
   std::string folder;                        ///< the one that exists
-  std::size_t chunk = 4096;                  ///< bytes that a reader is given at a time
+  /// A share that doesn't answer, until what waits for it is told to go on.
+  struct Hang {
+    bool await_ready() const { return !hangs; }
+    void await_suspend(std::coroutine_handle<> work) { waiting = work; }
+    void await_resume() const {}
+    bool hangs = false;
+    std::coroutine_handle<> waiting;
+  } hang;
 
  private:
   struct Stream : TextStream {
     Stream(MemoryFiles& all, std::string& file) : all_(all), file_(file) {}
-    void WriteLine(std::string_view text) override {
+    void WriteLine(std::string text) override {
       all_.MayRaise("WriteLine");
       file_.append(text).append("\r\n");
     }
     void Close() override { all_.MayRaise("Close"); }
     MemoryFiles& all_;
     std::string& file_;
-  };
-  struct Reader : TextReader {
-    Reader(MemoryFiles& all, std::string_view rest) : all_(all), rest_(rest) {}
-    std::size_t Read(std::span<char> buffer) override {
-      all_.MayRaise("Read");
-      const std::size_t count = rest_.copy(buffer.data(), std::min(all_.chunk, buffer.size()));
-      rest_.remove_prefix(count);
-      return count;
-    }
-    MemoryFiles& all_;
-    std::string_view rest_;
   };
 };
 

@@ -21,7 +21,7 @@ Platform LinuxDesktop::Services() {
           .sockets = sockets_,
           .rdp = rdp_,
           .settings = settings_,
-          .fileSystem = fileSystem_,
+          .files = files_,
           .notificationArea = notificationArea_,
           .versions = versions_,
           .messages = messages_,

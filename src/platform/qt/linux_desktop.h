@@ -2,7 +2,7 @@
 
 #include "platform/linux/descriptor_waits.h"
 #include "platform/linux/linux_clock.h"
-#include "platform/linux/linux_file_system.h"
+#include "platform/linux/linux_file_worker.h"
 #include "platform/linux/linux_icmp.h"
 #include "platform/linux/linux_processes.h"
 #include "platform/linux/linux_registry.h"
@@ -40,7 +40,7 @@ class LinuxDesktop {
   LinuxIcmp icmp_{waits_};
   LinuxSockets sockets_;
   LinuxRemoteDesktop rdp_;
-  LinuxFileSystem fileSystem_;
+  LinuxFileWorker files_{waits_};
   LinuxRegistry registry_;
   LinuxProcesses processes_;
   LinuxVersionInfo versions_;

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/file_worker.h"
+#include "platform/linux/descriptor_waits.h"
+
+namespace kestrava {
+
+/// Runs each job on a thread of its own, the only ones beside the event loop's. Nothing can end a
+/// thread that waits for a disk, so it is left behind, and the end of the process doesn't wait for
+/// it. A thread touches nothing but what its job holds.
+class LinuxFileWorker final : public FileWorker {
+ public:
+  struct Patience {
+    std::chrono::milliseconds moment{300};      ///< for which the caller simply waits
+    std::chrono::milliseconds longest{10'000};  ///< after which a job has failed (ETIMEDOUT)
+  };
+
+  explicit LinuxFileWorker(DescriptorWaits& waits) : LinuxFileWorker(waits, Patience()) {}
+  LinuxFileWorker(DescriptorWaits& waits, Patience patience) : waits_(waits), patience_(patience) {}
+  /// Gives the jobs that are to be finished the rest of their time.
+  ~LinuxFileWorker() override;
+
+  Task<> Run(std::string name, AtEnd atEnd, Job job) override;
+
+ private:
+  struct Errand;
+
+  std::shared_ptr<Errand> Send(std::string name, AtEnd atEnd, Job job);
+
+  DescriptorWaits& waits_;
+  const Patience patience_;
+  std::vector<std::shared_ptr<Errand>> underWay_;  ///< and some that are done
+};
+
+}  // namespace kestrava
