@@ -21,6 +21,13 @@ std::string_view WithoutPlus(std::string_view text) {
   return text;
 }
 
+/// @param word in small letters.
+bool IsWord(std::string_view text, std::string_view word) {
+  return std::ranges::equal(text, word, [](char letter, char small) {
+    return letter == small || (letter >= 'A' && letter <= 'Z' && letter - 'A' + 'a' == small);
+  });
+}
+
 bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
 }  // namespace
@@ -34,6 +41,14 @@ bool ReadsAsNumber(std::string_view text) {
   const std::string_view whole = digits.substr(0, point);
   return !(whole.empty() && fraction.empty()) && std::ranges::all_of(whole, IsDigit) &&
          std::ranges::all_of(fraction, IsDigit);
+}
+
+std::optional<bool> ToBoolean(std::string_view text) {
+  const std::string_view word = WithoutBlanks(text);
+  if (IsWord(word, "true")) return true;
+  if (IsWord(word, "false")) return false;
+  if (!ReadsAsNumber(word)) return std::nullopt;
+  return word.find_first_of("123456789") != std::string_view::npos;
 }
 
 std::int32_t ToWholeNumber(std::string_view text) {

@@ -1,7 +1,9 @@
 #include "monitor/connection_table.h"
 
+#include <chrono>
 #include <limits>
 
+#include "monitor/general_date.h"
 #include "platform/flex_grid.h"
 #include "platform/runtime_error.h"
 
@@ -19,6 +21,11 @@ constexpr ColumnSpec kColumns[kColumnCount] = {
     {"Status", 2100}, {"Checking", 1200},        {"Last Checked", 1800},
 };
 
+/// A moment whose text is as long as any: two digits in each place, in the afternoon.
+constexpr auto kLongMoment = std::chrono::local_days(std::chrono::year(2028) / 12 / 20) +
+                             std::chrono::hours(22) + std::chrono::minutes(58) +
+                             std::chrono::seconds(58);
+
 }  // namespace
 
 void ConnectionGridSetup(MSFlexGrid& grid) {
@@ -31,6 +38,7 @@ void ConnectionGridSetup(MSFlexGrid& grid) {
     grid.SetColWidth(col, kColumns[col].width);
     grid.SetText(kColumns[col].heading);
   }
+  grid.SetColSample(kLastCheckedColumn, GeneralDateText(kLongMoment));
 }
 
 void AppendConnectionRow(MSFlexGrid& grid) {

@@ -26,6 +26,8 @@ class frmMain : public Form {
   Button cmdAdd{*this, "cmdAdd"};
   Button cmdCheck{*this, "cmdCheck"};
   Button cmdRemove{*this, "cmdRemove"};
+  /// The place of the Remote Desktop client, which is never shown.
+  Control Rdp{*this, "Rdp", ControlKind::RemoteDesktop};
 
   Timer tmrCheck{*this, "tmrCheck"};
   Timer tmrBalloon{*this, "tmrBalloon"};

@@ -21,6 +21,7 @@ void CheckCount(std::int32_t count) {
 
 MSFlexGrid::MSFlexGrid(Form& form, const char* name) : Control(form, name, ControlKind::Grid) {
   widths_.assign(static_cast<std::size_t>(cols_), kInitialColWidth);
+  samples_.resize(static_cast<std::size_t>(cols_));
   SetRows(kInitialRows);
 }
 
@@ -41,6 +42,7 @@ void MSFlexGrid::SetCols(std::int32_t cols) {
   cols_ = cols;
   const auto count = static_cast<std::size_t>(cols);
   widths_.resize(count, kInitialColWidth);
+  samples_.resize(count);
   for (auto* part : {&above_, &below_}) {
     for (GridRow& row : *part) row.SetCols(count);
   }
@@ -67,6 +69,18 @@ std::int32_t MSFlexGrid::ColWidth(std::int32_t col) const {
 void MSFlexGrid::SetColWidth(std::int32_t col, std::int32_t twips) {
   CheckIndex(col, cols_);
   widths_[static_cast<std::size_t>(col)] = twips;
+  if (gridObserver_) gridObserver_->ColWidthGiven(col);
+  TellShape();
+}
+
+const std::string& MSFlexGrid::ColSample(std::int32_t col) const {
+  CheckIndex(col, cols_);
+  return samples_[static_cast<std::size_t>(col)];
+}
+
+void MSFlexGrid::SetColSample(std::int32_t col, std::string text) {
+  CheckIndex(col, cols_);
+  samples_[static_cast<std::size_t>(col)] = std::move(text);
   TellShape();
 }
 
@@ -92,10 +106,6 @@ std::optional<std::int32_t> MSFlexGrid::RowOf(RowBookmark bookmark) const {
 
 std::int32_t MSFlexGrid::RowBehind(RowBookmark bookmark) const {
   return FirstRowFrom(bookmark.serial + 1);
-}
-
-std::string MSFlexGrid::TextAt(std::int32_t row, std::int32_t col) const {
-  return std::string(RowAt(row).Text(static_cast<std::size_t>(col)));
 }
 
 Color MSFlexGrid::BackColorAt(std::int32_t row, std::int32_t col) const {

@@ -28,6 +28,8 @@ class GridObserver {
   /// The number of rows or columns, or a column's width, has changed; with `Rows` any cell may
   /// stand in another row.
   virtual void ShapeChanged() = 0;
+  /// The program has given this column a width, be it the one that it had. `ShapeChanged` follows.
+  virtual void ColWidthGiven(std::int32_t col) = 0;
 
  protected:
   ~GridObserver() = default;
@@ -77,6 +79,12 @@ class MSFlexGrid : public Control {
   std::int32_t ColWidth(std::int32_t col) const;
   void SetColWidth(std::int32_t col, std::int32_t twips);
 
+  /// One of the longest texts that the column is to show. A desktop that has room beyond the widths
+  /// of all columns gives the column as much of it as the text needs; empty for no such text.
+  /// @throws RuntimeError (9) outside the table.
+  const std::string& ColSample(std::int32_t col) const;
+  void SetColSample(std::int32_t col, std::string text);
+
   /// Removes a row; the rows below move up. Costs the more the farther the row is from the place of
   /// the latest change.
   /// @throws RuntimeError (9) outside the table, (5) for the heading row.
@@ -92,7 +100,13 @@ class MSFlexGrid : public Control {
   std::int32_t RowBehind(RowBookmark bookmark) const;
 
   /// For showing a cell without moving the current one. The indexes must be inside the table.
-  std::string TextAt(std::int32_t row, std::int32_t col) const;
+  std::string TextAt(std::int32_t row, std::int32_t col) const {
+    return std::string(TextViewAt(row, col));
+  }
+  /// The same without a copy; it stays until the next change of the grid.
+  std::string_view TextViewAt(std::int32_t row, std::int32_t col) const {
+    return RowAt(row).Text(static_cast<std::size_t>(col));
+  }
   Color BackColorAt(std::int32_t row, std::int32_t col) const;
 
   /// Sets the one view; nullptr takes it away.
@@ -121,6 +135,7 @@ class MSFlexGrid : public Control {
   std::vector<GridRow> above_;
   std::vector<GridRow> below_;
   std::vector<std::int32_t> widths_;
+  std::vector<std::string> samples_;
   std::int32_t cols_ = 2;
   std::int32_t row_ = 1;
   std::int32_t col_ = 1;

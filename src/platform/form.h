@@ -46,8 +46,13 @@ class Form : public Observable {
 
   const FormSpec& Spec() const { return spec_; }
   const std::vector<Control*>& Controls() const { return controls_; }
+  /// In the order of the table.
   const std::vector<MenuEntry*>& Menu() const { return menu_; }
   const std::vector<Timer*>& Timers() const { return timers_; }
+
+  /// To be called by the window system before it makes the window.
+  /// @throws RuntimeError (5) if a line of the tables has no member.
+  void CheckWhole() const;
 
   /// The outer window's place on the screen, in twips. `Placed` is false until both were set; such
   /// a window opens where the window system puts it.
@@ -84,7 +89,7 @@ class Form : public Observable {
   const MenuSpec& SpecOfMenuEntry(std::string_view name) const;
   const TimerSpec& SpecOfTimer(std::string_view name) const;
   void Join(Control& control) { controls_.push_back(&control); }
-  void Join(MenuEntry& entry) { menu_.push_back(&entry); }
+  void Join(MenuEntry& entry);
   void Join(Timer& timer) { timers_.push_back(&timer); }
 
   const FormSpec& spec_;

@@ -62,6 +62,7 @@ enum NotifyIconFlag : std::int32_t {
 };
 inline constexpr std::int32_t NIS_SHAREDICON = 2;
 inline constexpr std::int32_t NOTIFYICON_VERSION = 3;
+/// The balloon shows the icon's own picture.
 inline constexpr std::int32_t NIIF_USER = 4;
 
 /// What happened at the icon: the last argument of its callback message. From winuser.h and

@@ -10,14 +10,15 @@ struct TwipSize {
   int height;
 };
 
-/// The windows of the desktop. None of the calls fails: a desktop that can't make a window ends
-/// the program before `frmMain` exists.
+/// The windows of the desktop. No call fails for a form whose tables are whole: a desktop that
+/// can't make a window ends the program before `frmMain` exists.
 class WindowSystem {
  public:
   virtual ~WindowSystem() = default;
 
   /// Makes the native window of `form`, unseen, and then raises `form.Load`. The form must outlive
   /// its native window.
+  /// @throws RuntimeError (5) if a line of the form's tables has no member.
   virtual void Load(Form& form) = 0;
 
   /// Shows a loaded window and returns at once.

@@ -10,10 +10,6 @@ namespace {
 
 constexpr const char* kSection = "Preferences";
 
-bool IsNonZero(std::string_view number) {
-  return number.find_first_of("123456789") != std::string_view::npos;
-}
-
 }  // namespace
 
 std::string ReadText(SettingsStore& store, const Setting& setting) {
@@ -21,8 +17,8 @@ std::string ReadText(SettingsStore& store, const Setting& setting) {
 }
 
 bool ReadBoolean(SettingsStore& store, const Setting& setting) {
-  const std::string text = ReadText(store, setting);
-  return IsNonZero(ReadsAsNumber(text) ? text : setting.defaultValue);
+  const auto stored = ToBoolean(ReadText(store, setting));
+  return stored ? *stored : setting.defaultValue == std::string_view("1");
 }
 
 bool ReadsOne(SettingsStore& store, const Setting& setting) {

@@ -25,7 +25,8 @@ inline constexpr Setting kStartup{"Startup", "0"};
 /// The text as it was written.
 std::string ReadText(SettingsStore& store, const Setting& setting);
 
-/// False for zero and true for any other number. A text that is no number counts as the default.
+/// "True" and "False" in any case of letters; false for zero and true for any other number. Any
+/// other text counts as the default, "1" or "0".
 bool ReadBoolean(SettingsStore& store, const Setting& setting);
 
 /// True for exactly "1".

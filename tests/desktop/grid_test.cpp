@@ -26,4 +26,36 @@ TEST(GridView, MirrorsRowsThatComeAndGo) {
   }
 }
 
+TEST(GridView, TheChoiceStaysOnItsRowAndAWidthIsTheProgramsAgain) {
+  Desktop desktop;
+  for (const char* name : {"A", "B", "C"}) desktop.AddRow(name);
+  desktop.DoubleClick(3, kCheckingColumn);
+  desktop.view->setColumnWidth(2, 5);
+  for (const char* chosen : {"C", "C", ""}) {
+    desktop.Settle();
+    EXPECT_EQ(desktop.view->currentIndex().siblingAtColumn(0).data().toString(), chosen);
+    EXPECT_EQ(desktop.view->selectionModel()->hasSelection(), *chosen != '\0');
+    desktop.grid.RemoveItem(1);
+    if (desktop.grid.Rows() == 2) desktop.ReplaceRows(desktop.main);
+  }
+  Pick("mnuFileNew");
+  desktop.Settle();
+  EXPECT_GT(desktop.view->columnWidth(2), 5);
+}
+
+TEST(GridView, ShowsOfATextWhatCanBeSeenAndNoMoreThanCanBeRead) {
+  Desktop desktop;
+  const QString joined =
+      "\u0645\u06CC\u200C\u062E \u0915\u094D\u200D\u0937 \U0001F468\u200D\U0001F469";
+  const std::pair<QString, QString> texts[] = {
+      {"a\u202Eexe.b\u200B\u200D\t", "a[U+202E]exe.b[U+200B][U+200D][U+0009]"},
+      {joined, joined},
+      {"x" + QString(9'000'000, QChar(0xE9)), "x" + QString(1023, QChar(0xE9)) + "\u2026"}};
+  for (const auto& [text, shown] : texts) {
+    desktop.AddRow(text.toStdString());
+    desktop.Settle();
+    EXPECT_EQ(desktop.view->model()->index(desktop.grid.Rows() - 2, 0).data().toString(), shown);
+  }
+}
+
 }  // namespace kestrava::test

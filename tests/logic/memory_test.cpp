@@ -14,10 +14,10 @@ TEST(Settings, AreReadAtTheStartEachInItsOwnWay) {
   } cases[] = {
       {{}, false, 15, "14:15"},
       {{{"AutoLoadList", "-1"}, {"Interval", " 600 "}}, true, 600, "00:00"},
-      {{{"AutoLoadList", "00.0"}, {"Interval", "1440"}}, false, 1440, "14:00"},
-      {{{"AutoLoadList", "True"}, {"Interval", "abc"}}, false, 15, "14:15"},
+      {{{"AutoLoadList", "tRUE"}, {"Interval", "1440"}}, true, 1440, "14:00"},
+      {{{"AutoLoadList", "yes"}, {"Interval", "abc"}}, false, 15, "14:15"},
       {{{"Interval", "-2147483648"}}, false, -2147483647 - 1, "11:52"},
-      {{{"Interval", "2147483648"}}, false, 15, "14:15"},
+      {{{"AutoLoadList", "00.0"}, {"Interval", "2147483648"}}, false, 15, "14:15"},
   };
   for (const auto& [stored, autoLoad, interval, next] : cases) {
     const Scenario program(stored);

@@ -133,11 +133,11 @@ TEST_P(TrayWithFault, ABalloonOfItsOwnWhereTheNotificationServiceFails) {
 
 INSTANTIATE_TEST_SUITE_P(Faults, TrayWithFault, testing::Values("GetCapabilities", "Notify"));
 
-TEST(NotifyIconText, LeavesOutACharacterThatTheFieldCuts) {
+TEST(NotifyIconText, LeavesOutACharacterThatTheFieldCutsAndShowsWhatNobodySees) {
   for (const auto& [field, text] : {std::pair("B\xC3\xBC\xE2\x82", "B\u00FC"),
                                     {"\xE2\x82\xAC\xF0", "\u20AC"},
                                     {"\x80\x80\x80\x80", "\u20AC\u20AC\u20AC\u20AC"},
-                                    {"a\r\nb\x01", "a\nb "}}) {
+                                    {"a\r\nb\x01", "a\nb[U+0001]"}}) {
     EXPECT_EQ(NotifyIconText(field), text);
   }
 }

@@ -1,7 +1,6 @@
 #include "platform/qt/cell_delegate.h"
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
@@ -12,10 +11,13 @@ namespace kestrava {
 
 namespace {
 
-/// Where the text of a cell stands. The style's own margin for item texts is used.
+/// What is kept free on either side of a text: the style's own margin for item texts.
+int Margin(const QWidget& view, const QStyleOption* option = nullptr) {
+  return view.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, option, &view) + 1;
+}
+
 QRect TextPlace(const QStyleOptionViewItem& option) {
-  const QStyle* style = option.widget ? option.widget->style() : QApplication::style();
-  const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget) + 1;
+  const int margin = Margin(*option.widget, &option);
   return option.rect.adjusted(margin, 0, -margin, 0);
 }
 
@@ -25,6 +27,11 @@ QPalette::ColorGroup ColorGroup(QStyle::State state) {
 }
 
 }  // namespace
+
+int CellDelegate::WidthFor(const QString& text, const QAbstractItemView& view) {
+  constexpr int kGridLine = 1;
+  return view.fontMetrics().horizontalAdvance(text) + 2 * Margin(view) + kGridLine;
+}
 
 void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {

@@ -11,6 +11,9 @@ class CellDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
 
+  /// The width of a column in which a cell of `view` shows the whole of this text.
+  static int WidthFor(const QString& text, const QAbstractItemView& view);
+
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override;
 

@@ -32,7 +32,7 @@ int CheckListModel::rowCount(const QModelIndex& parent) const {
 
 QVariant CheckListModel::data(const QModelIndex& index, int role) const {
   if (!list_ || !index.isValid() || index.row() >= list_->ListCount()) return {};
-  if (role == Qt::DisplayRole) return ToShown(list_->List(index.row()));
+  if (role == Qt::DisplayRole) return ToShownLine(list_->List(index.row()));
   if (role != Qt::CheckStateRole) return {};
   return list_->Selected(index.row()) ? Qt::Checked : Qt::Unchecked;
 }

@@ -84,7 +84,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   const int row = index.row() + 1;
   const int column = index.column() + 1;
   if (row >= grid_->Rows() || column >= grid_->Cols()) return {};
-  return ToShown(grid_->TextAt(row, column));
+  return ToShownLine(grid_->TextViewAt(row, column));
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -95,7 +95,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
   }
   if (role == Qt::TextAlignmentRole) return {Qt::AlignLeft | Qt::AlignVCenter};
   if (role != Qt::DisplayRole || section + 1 >= grid_->Cols()) return {};
-  return ToShown(grid_->TextAt(0, section + 1));
+  return ToShownLine(grid_->TextViewAt(0, section + 1));
 }
 
 void GridModel::timerEvent(QTimerEvent* event) {

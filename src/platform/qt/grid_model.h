@@ -38,6 +38,8 @@ class GridModel final : public QAbstractTableModel, private GridObserver {
  signals:
   /// The shape has been told to the views; column widths may have changed.
   void ShapeCaughtUp();
+  /// A column of the grid, by its own number, has been given a width. `ShapeCaughtUp` will follow.
+  void WidthGiven(int gridColumn);
 
  protected:
   void timerEvent(QTimerEvent* event) override;
@@ -45,6 +47,7 @@ class GridModel final : public QAbstractTableModel, private GridObserver {
  private:
   void CellChanged(std::int32_t row, std::int32_t col) override;
   void ShapeChanged() override;
+  void ColWidthGiven(std::int32_t col) override { emit WidthGiven(col); }
 
   void NoteRows(std::int32_t first, std::int32_t last);
   void CatchUpRows(int rows);

@@ -7,6 +7,7 @@
 
 #include "platform/qt/cell_delegate.h"
 #include "platform/qt/plain_tip.h"
+#include "platform/qt/text.h"
 
 namespace kestrava {
 
@@ -26,7 +27,11 @@ GridView::GridView(MSFlexGrid& grid, QWidget* parent)
   horizontalHeader()->setMinimumSectionSize(1);
   horizontalHeader()->viewport()->installEventFilter(this);
 
-  connect(&model_, &GridModel::ShapeCaughtUp, this, &GridView::ApplyColumnWidths);
+  connect(&model_, &GridModel::ShapeCaughtUp, this, &GridView::FollowShape);
+  connect(&model_, &GridModel::WidthGiven, this, [this](int gridColumn) {
+    const auto column = static_cast<std::size_t>(gridColumn);
+    if (column < appliedWidths_.size()) appliedWidths_[column] = -1;
+  });
   connect(lamps_, &QHeaderView::sectionPressed, this,
           [this](int section) { ClickFixedCell(section + 1, 0); });
   connect(horizontalHeader(), &QHeaderView::sectionPressed, this,
@@ -39,11 +44,21 @@ void GridView::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottom
 }
 
 void GridView::SetScale(const TwipScale& scale) {
+  model_.CatchUp();
   scale_ = scale;
   const int lineHeight = fontMetrics().height();
   lamps_->setDefaultSectionSize(lineHeight + lineHeight / 3);
   appliedWidths_.clear();
   ApplyColumnWidths();
+}
+
+bool GridView::HasRoom(const TwipScale& scale, int width) {
+  if (!grid_) return true;
+  model_.CatchUp();
+  const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+  int taken = 2 * frameWidth() + scrollBar + scale.ToPixels(grid_->ColWidth(0));
+  for (int column = 0; column < grid_->Cols() - 1; ++column) taken += WidthFor(scale, column);
+  return taken <= width;
 }
 
 void GridView::Detach() {
@@ -97,6 +112,11 @@ void GridView::rowsInserted(const QModelIndex& parent, int first, int last) {
   if (first == last) scrollTo(model_.index(last, 0));
 }
 
+void GridView::FollowShape() {
+  ApplyColumnWidths();
+  FollowChosenRow();
+}
+
 void GridView::ApplyColumnWidths() {
   if (!grid_) return;
   const std::int32_t columns = grid_->Cols();
@@ -110,13 +130,33 @@ void GridView::ApplyColumnWidths() {
       lamps_->setFixedWidth(scale_.ToPixels(twips));
       updateGeometries();
     } else {
-      setColumnWidth(column - 1, WidthFor(column - 1, twips));
+      setColumnWidth(column - 1, WidthFor(scale_, column - 1));
     }
   }
 }
 
-int GridView::WidthFor(int column, int twips) const {
-  return std::max(scale_.ToPixels(twips), horizontalHeader()->sectionSizeHint(column));
+int GridView::WidthFor(const TwipScale& scale, int column) const {
+  const std::string& sample = grid_->ColSample(column + 1);
+  // Another text of that kind may be a little wider.
+  const int slack = fontMetrics().averageCharWidth();
+  return std::max({scale.ToPixels(grid_->ColWidth(column + 1)),
+                   horizontalHeader()->sectionSizeHint(column),
+                   sample.empty() ? 0 : CellDelegate::WidthFor(ToShown(sample), *this) + slack});
+}
+
+void GridView::FollowChosenRow() {
+  if (!grid_ || !chosenRow_) return;
+  const auto row = grid_->RowOf(*chosenRow_);
+  if (!row) {
+    chosenRow_.reset();
+    selectionModel()->clear();
+    return;
+  }
+  if (*row == currentIndex().row() + 1) return;
+  // The rows on the screen stay where they are.
+  setAutoScroll(false);
+  setCurrentIndex(model_.index(*row - 1, std::max(currentIndex().column(), 0)));
+  setAutoScroll(true);
 }
 
 bool GridView::TakeCursor(int gridRow, int gridColumn) {
@@ -127,7 +167,10 @@ bool GridView::TakeCursor(int gridRow, int gridColumn) {
 }
 
 bool GridView::TakeCurrentIndex() {
-  return TakeCursor(currentIndex().row() + 1, currentIndex().column() + 1);
+  const int row = currentIndex().row() + 1;
+  if (!TakeCursor(row, currentIndex().column() + 1)) return false;
+  chosenRow_ = grid_->Bookmark(row);
+  return true;
 }
 
 void GridView::RaiseDoubleClick() {
@@ -136,6 +179,7 @@ void GridView::RaiseDoubleClick() {
 
 void GridView::ClickFixedCell(int gridRow, int gridColumn) {
   TakeCursor(gridRow, gridColumn);
+  chosenRow_.reset();
   clearSelection();
 }
 

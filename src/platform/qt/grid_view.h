@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTableView>
+#include <optional>
 #include <vector>
 
 #include "platform/qt/grid_model.h"
@@ -10,7 +11,8 @@
 namespace kestrava {
 
 /// Shows a grid and lets the user scroll it, move its cursor and drag its columns wider. The
-/// program's own cursor moves don't touch the cell that the user has chosen.
+/// program's own cursor moves don't touch the cell that the user has chosen; it goes with its row
+/// when rows above it go, and is chosen no more when its row goes.
 class GridView final : public QTableView {
   Q_OBJECT
 
@@ -23,6 +25,10 @@ class GridView final : public QTableView {
 
   /// Sizes the rows by the font and the columns by the grid's widths.
   void SetScale(const TwipScale& scale);
+
+  /// Whether the columns, each wide enough for its heading and its sample, have room side by side
+  /// at this scale, in a view of that width and with a scroll bar.
+  bool HasRoom(const TwipScale& scale, int width);
 
   /// Leaves the grid alone from now on.
   void Detach();
@@ -37,8 +43,11 @@ class GridView final : public QTableView {
   void rowsInserted(const QModelIndex& parent, int first, int last) override;
 
  private:
+  void FollowShape();
   void ApplyColumnWidths();
-  int WidthFor(int column, int twips) const;
+  int WidthFor(const TwipScale& scale, int column) const;
+  /// Keeps the user's choice on its row.
+  void FollowChosenRow();
   /// False, with the cursor where it was, if there is no such cell any more.
   bool TakeCursor(int gridRow, int gridColumn);
   bool TakeCurrentIndex();
@@ -54,8 +63,9 @@ class GridView final : public QTableView {
   LampHeader* lamps_;
   TwipScale scale_;
   /// The widths last taken from the grid, in twips, so that a width dragged by the user stays until
-  /// the program sets another.
+  /// the program sets one; -1 for one to be taken.
   std::vector<std::int32_t> appliedWidths_;
+  std::optional<RowBookmark> chosenRow_;  ///< of the cell that the user has chosen
 };
 
 }  // namespace kestrava

@@ -49,9 +49,9 @@ QWidget* MakeButton(Button& button, QObject& link, QWidget* parent) {
 }
 
 QWidget* MakeLabel(Label& label, QObject& link, QWidget* parent) {
-  auto* widget = new QLabel(parent);
+  auto* widget = new NativeLabel(label, parent);
   QObject::connect(widget, &QLabel::linkActivated, &link, [&label] { label.Click.Raise(); });
-  Mirror(label, link, widget, [widget, &label] { ShowLabel(label, *widget); });
+  Mirror(label, link, widget, [widget] { widget->ShowLabel(); });
   return widget;
 }
 
@@ -80,8 +80,8 @@ QWidget* MakeTextBox(TextBox& textBox, QObject& link, QWidget* parent) {
   QObject::connect(widget, &QLineEdit::textEdited, &link,
                    [&textBox](const QString& text) { textBox.SetText(LineToBytes(text)); });
   Mirror(textBox, link, widget, [widget, &textBox] {
-    const QString text = ToShown(textBox.Text());
-    if (widget->text() != text) widget->setText(text);
+    // What the user is typing stays as typed.
+    if (LineToBytes(widget->text()) != textBox.Text()) widget->setText(ToShownLine(textBox.Text()));
   });
   return widget;
 }
@@ -130,6 +130,11 @@ QWidget* MakeNativeControl(Control& control, QObject& link, QWidget* parent) {
   QWidget* widget = MakeWidget(control, link, parent);
   if (widget) widget->setObjectName(control.Spec().name);
   return widget;
+}
+
+bool HasRoomForColumns(QWidget& widget, const ControlSpec& spec, const TwipScale& scale) {
+  auto* grid = qobject_cast<GridView*>(&widget);
+  return !grid || grid->HasRoom(scale, scale.PlaceOf(spec).width());
 }
 
 bool FitsInto(const QWidget& widget, const QSize& size) {

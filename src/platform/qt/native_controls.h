@@ -14,6 +14,9 @@ QWidget* MakeNativeControl(Control& control, QObject& link, QWidget* parent);
 /// Whether nothing that the widget shows at all times is cut when it has this size.
 bool FitsInto(const QWidget& widget, const QSize& size);
 
+/// Whether the columns of a table have room side by side in its place. True of any other widget.
+bool HasRoomForColumns(QWidget& widget, const ControlSpec& spec, const TwipScale& scale);
+
 /// Puts the widget in its place.
 void PlaceNativeControl(QWidget& widget, const ControlSpec& spec, const TwipScale& scale);
 

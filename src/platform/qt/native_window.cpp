@@ -6,6 +6,7 @@
 #include <QLayout>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QPixmap>
 #include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
@@ -36,10 +37,19 @@ QWidget* MakeWindow(FormStyle style, QWidget* owner, QWidget* area) {
   Qt::WindowFlags flags = Qt::Dialog | kTitleBar;
   if (style != FormStyle::ToolWindowWithoutClose) flags |= kCloseBox;
   auto* window = new QDialog(owner, flags);
+  // Only the main window has an icon. Without any the program's own would show.
+  QPixmap nothing(1, 1);
+  nothing.fill(Qt::transparent);
+  window->setWindowIcon(nothing);
   auto* layout = new QVBoxLayout(window);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(area);
   return window;
+}
+
+/// What the window manager has put around a window. Nothing where the window has not been shown.
+QMargins FrameOf(const QWidget& window) {
+  return window.windowHandle() ? window.windowHandle()->frameMargins() : QMargins();
 }
 
 }  // namespace
@@ -67,6 +77,11 @@ NativeWindow::NativeWindow(Form& form, QWidget* owner)
   ShowForm();
 }
 
+QSize NativeWindow::OuterSize() const {
+  const QWidget* framed = shown_ ? widget_ : widget_->parentWidget();
+  return framed ? widget_->size().grownBy(FrameOf(*framed)) : widget_->size();
+}
+
 void NativeWindow::Detach() {
   link_.reset();
   form_->Observe({});
@@ -89,12 +104,18 @@ bool NativeWindow::eventFilter(QObject* watched, QEvent* event) {
       Arrange();
       break;
     case QEvent::Show:
-      // On Wayland the window's own minimise button is all that tells of it.
+      // On Wayland the buttons of the window's own title bar are all that tells of it.
       if (OnWayland()) {
         connect(widget_->windowHandle(), &QWindow::windowStateChanged, this,
                 &NativeWindow::TakeMinimize,
                 static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::UniqueConnection));
+        connect(widget_->windowHandle(), &QWindow::windowStateChanged, this,
+                &NativeWindow::RefuseMaximize,
+                static_cast<Qt::ConnectionType>(Qt::DirectConnection | Qt::UniqueConnection));
       }
+      break;
+    case QEvent::Move:
+      TakeFrame();
       break;
     case QEvent::WindowStateChange:
       TakeWindowState();
@@ -152,6 +173,7 @@ void NativeWindow::NameForScreenReaders() {
 void NativeWindow::Arrange() {
   scale_ = TwipScale::ForFontHeight(widget_->fontMetrics().height());
   while (!Fits(scale_)) scale_ = scale_.Larger();
+  ArrangeColumns();
   for (const Part& part : parts_) PlaceNativeControl(*part.widget, *part.spec, scale_);
   area_->setFixedSize(scale_.ToPixels(form_->Spec().width), scale_.ToPixels(form_->Spec().height));
   // The window must have its size before it shows, to be centred by it.
@@ -162,6 +184,19 @@ bool NativeWindow::Fits(const TwipScale& scale) const {
   return std::ranges::all_of(parts_, [&](const Part& part) {
     return FitsInto(*part.widget, scale.PlaceOf(*part.spec).size());
   });
+}
+
+void NativeWindow::ArrangeColumns() {
+  const int most = widget_->screen()->availableSize().width();
+  for (TwipScale scale = scale_; scale.ToPixels(form_->Spec().width) <= most;
+       scale = scale.Larger()) {
+    const bool enough = std::ranges::all_of(parts_, [&](const Part& part) {
+      return HasRoomForColumns(*part.widget, *part.spec, scale);
+    });
+    if (!enough) continue;
+    scale_ = scale;
+    return;
+  }
 }
 
 void NativeWindow::ShowForm() {
@@ -184,12 +219,22 @@ void NativeWindow::ShowWindowState() {
 void NativeWindow::ShowVisibility() {
   if (widget_->isVisible() == form_->Visible()) return;
   if (!form_->Visible()) {
-    hiddenAt_ = widget_->pos();
+    hiddenAt_ = widget_->windowHandle()->framePosition();
     widget_->hide();
     emit Hidden();
     return;
   }
-  if (hiddenAt_) widget_->move(*hiddenAt_);
+  if (hiddenAt_) {
+    // The place is the frame's, for every window manager. The toolkit alone would give the one
+    // inside the frame, which not all of them understand, unless its widget is there already.
+    widget_->setGeometry({*hiddenAt_, widget_->size()});
+    widget_->windowHandle()->setFramePosition(*hiddenAt_);
+  } else {
+    // Its tables have got their columns meanwhile.
+    Arrange();
+    KeepCentre();
+  }
+  shown_ = true;
   widget_->show();
   if (!hiddenAt_) return;
   // It comes back in front.
@@ -205,6 +250,10 @@ void NativeWindow::TakeMinimize(Qt::WindowState state) {
   if (link_ && state == Qt::WindowMinimized) SetWindowState(WindowState::Minimized);
 }
 
+void NativeWindow::RefuseMaximize(Qt::WindowState state) {
+  if (state == Qt::WindowMaximized) widget_->windowHandle()->setWindowState(Qt::WindowNoState);
+}
+
 void NativeWindow::SetWindowState(WindowState state) {
   if (form_->WindowState() == state) return;
   form_->SetWindowState(state);
@@ -217,8 +266,26 @@ void NativeWindow::MoveToPlace() {
   // Later changes of other state must not take back a move of the user's.
   place_ = place;
   placed_ = true;
-  widget_->move(widget_->screen()->geometry().topLeft() +
-                QPoint(scale_.ToPixels(place.first), scale_.ToPixels(place.second)));
+  outer_ = OuterSize();
+  corner_ = widget_->screen()->geometry().topLeft() +
+            QPoint(scale_.ToPixels(place.first), scale_.ToPixels(place.second));
+  widget_->move(corner_);
+}
+
+void NativeWindow::KeepCentre() {
+  const QSize grown = OuterSize() - outer_;
+  if (!placed_ || grown.isNull()) return;
+  outer_ += grown;
+  corner_ -= QPoint(grown.width() / 2, grown.height() / 2);
+  widget_->move(corner_);
+}
+
+void NativeWindow::TakeFrame() {
+  if (framed_ || !shown_ || !placed_ || OnWayland()) return;
+  if (FrameOf(*widget_).isNull()) return;
+  framed_ = true;
+  // A window manager that places windows by itself knows better.
+  if (widget_->windowHandle()->framePosition() == corner_) KeepCentre();
 }
 
 void NativeWindow::LeaveByEscape() {

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QPoint>
+#include <QSize>
 #include <QWidget>
 #include <memory>
 #include <optional>
@@ -24,6 +25,9 @@ class NativeWindow final : public QObject {
 
   QWidget& Widget() const { return *widget_; }
   const TwipScale& Scale() const { return scale_; }
+  /// In pixels, with its frame. A window that has not been shown yet is taken to get the frame of
+  /// its owner.
+  QSize OuterSize() const;
 
   /// Takes the window off the screen and leaves the form alone from now on.
   void Detach();
@@ -44,14 +48,23 @@ class NativeWindow final : public QObject {
   /// Sizes everything by the font.
   void Arrange();
   bool Fits(const TwipScale& scale) const;
+  /// Gives tables room for their columns, where the screen has room for the window then.
+  void ArrangeColumns();
   /// Mirrors the state of the form itself.
   void ShowForm();
   void MoveToPlace();
+  /// Keeps the middle of the window where the form put it when the window turns out to be larger
+  /// than it was taken for.
+  void KeepCentre();
+  void TakeFrame();
   void ShowVisibility();
   void ShowWindowState();
   /// The user has minimised the window or brought it back.
   void TakeWindowState();
   void TakeMinimize(Qt::WindowState state);
+  /// The title bar that the toolkit draws on Wayland has a maximise button whatever it is told, and
+  /// a window of fixed size would only be moved by it.
+  void RefuseMaximize(Qt::WindowState state);
   void SetWindowState(WindowState state);
   /// Presses the cancel button, or the close box of a dialog that has no such button.
   void LeaveByEscape();
@@ -68,7 +81,11 @@ class NativeWindow final : public QObject {
   TwipScale scale_;
   std::pair<int, int> place_;  ///< where the form was last put, in its twips
   bool placed_ = false;
-  std::optional<QPoint> hiddenAt_;  ///< where the window was when it was hidden
+  QPoint corner_;  ///< of the frame, as it was last put
+  QSize outer_;    ///< of the window, as it was taken for then
+  bool shown_ = false;
+  bool framed_ = false;             ///< the frame is known and reckoned with
+  std::optional<QPoint> hiddenAt_;  ///< where the frame was when the window was hidden
   /// What connects the widgets with the form is cut when it goes.
   std::unique_ptr<QObject> link_;
 };

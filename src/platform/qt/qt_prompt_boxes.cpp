@@ -10,7 +10,7 @@ namespace kestrava {
 std::string QtPromptBoxes::InputBox(const std::string& prompt, const std::string& title,
                                     const std::string& text) {
   if (eventLoop_.HasEnded()) return {};
-  const QString shown = ToShown(text);
+  const QString shown = ToShownLine(text);
   QInputDialog box(QApplication::activeWindow());
   box.setWindowTitle(ToShown(title));
   box.setLabelText(ToShown(prompt));

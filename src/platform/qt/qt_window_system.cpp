@@ -7,6 +7,7 @@ namespace kestrava {
 
 void QtWindowSystem::Load(Form& form) {
   if (WindowOf(form)) return;
+  form.CheckWhole();
   auto* window = new NativeWindow(form, Owner());
   windows_.emplace(&form, window);
   QObject::connect(window, &NativeWindow::CloseRequested, window, [this, &form] { Close(form); });
@@ -56,7 +57,7 @@ TwipSize QtWindowSystem::ScreenSize(const Form& form) const {
 TwipSize QtWindowSystem::OuterSize(const Form& form) const {
   const NativeWindow* window = WindowOf(form);
   if (!window) return {};
-  const QSize size = window->Widget().frameGeometry().size();
+  const QSize size = window->OuterSize();
   return {window->Scale().ToTwips(size.width()), window->Scale().ToTwips(size.height())};
 }
 

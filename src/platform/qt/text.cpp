@@ -3,9 +3,26 @@
 #include <QStringDecoder>
 #include <array>
 
+#include "platform/qt/stand_ins.h"
+
 namespace kestrava {
 
 namespace {
+
+/// More would take the toolkit seconds to lay out, and nobody reads it.
+constexpr std::size_t kMostShownBytes = 2048;
+
+// See RFC 3629, section 3, for how UTF-8 marks the first byte of a character and those behind it.
+constexpr unsigned kMostContinuations = 3;
+
+bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
+
+std::size_t LengthOf(char firstByte) {
+  const auto byte = static_cast<unsigned char>(firstByte);
+  if (byte >= 0xF0) return 4;
+  if (byte >= 0xE0) return 3;
+  return byte >= 0xC0 ? 2 : 1;
+}
 
 /// Code points of the bytes 0x80 to 0x9F in Windows-1252, from the Unicode mapping table
 /// CP1252.TXT. The five bytes that the table leaves open stand for the control characters of the
@@ -32,6 +49,23 @@ QString ToShown(std::string_view bytes) {
                          QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
   QString text = decoder.decode(view);
   return decoder.hasError() ? FromWindows1252(view) : text;
+}
+
+QString ToShownLine(std::string_view bytes) {
+  if (bytes.size() <= kMostShownBytes) return WithStandIns(ToShown(bytes));
+  const std::string_view begin = WithoutCutCharacter(bytes.substr(0, kMostShownBytes));
+  return WithStandIns(ToShown(begin)) + QChar(0x2026);
+}
+
+std::string_view WithoutCutCharacter(std::string_view text) {
+  std::size_t behind = 0;
+  while (behind < text.size() && behind < kMostContinuations &&
+         IsContinuation(text[text.size() - 1 - behind])) {
+    ++behind;
+  }
+  if (behind == text.size()) return text;
+  const std::size_t start = text.size() - 1 - behind;
+  return LengthOf(text[start]) > behind + 1 ? text.substr(0, start) : text;
 }
 
 std::string ToBytes(const QString& text) { return text.toStdString(); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QIcon>
 #include <QObject>
 
 #include "platform/qt/tray/balloon_window.h"
@@ -15,8 +16,9 @@ class Balloon final : public QObject {
  public:
   Balloon();
 
-  /// Shows both as plain text, in place of what is up. `anchor` is where the icon is, or empty.
-  void Show(const QString& title, const QString& body, const QRect& anchor);
+  /// Shows both as plain text beside the picture, which may be null, in place of what is up.
+  /// `anchor` is where the icon is, or empty.
+  void Show(const QString& title, const QString& body, const QIcon& picture, const QRect& anchor);
   void Hide();
 
  signals:
@@ -25,6 +27,7 @@ class Balloon final : public QObject {
  private:
   QString title_;
   QString body_;
+  QIcon picture_;
   QRect anchor_;
   NotificationService service_;
   BalloonWindow window_;

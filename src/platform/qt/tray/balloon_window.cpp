@@ -16,6 +16,7 @@ namespace {
 constexpr int kMargin = 10;
 constexpr int kDistance = 8;  ///< from the icon and from the screen's edges
 constexpr int kWidthInLetters = 45;
+constexpr QSize kPictureSize(32, 32);
 
 }  // namespace
 
@@ -32,7 +33,9 @@ BalloonWindow::BalloonWindow() : QWidget(nullptr, Qt::ToolTip | Qt::WindowStaysO
   }());
 }
 
-void BalloonWindow::ShowText(const QString& title, const QString& body, const QRect& anchor) {
+void BalloonWindow::ShowText(const QString& title, const QString& body, const QIcon& picture,
+                             const QRect& anchor) {
+  picture_ = picture;
   setAccessibleName(title);
   setAccessibleDescription(body);
   document_.clear();
@@ -44,7 +47,8 @@ void BalloonWindow::ShowText(const QString& title, const QString& body, const QR
   cursor.insertBlock();
   cursor.insertText(body, QTextCharFormat());
   document_.setTextWidth(fontMetrics().averageCharWidth() * kWidthInLetters);
-  resize(document_.size().toSize());
+  const QSize text = document_.size().toSize();
+  resize(TextLeft() + text.width(), std::max(text.height(), kPictureSize.height() + 2 * kMargin));
   MoveBeside(anchor);
   show();
   raise();
@@ -62,10 +66,16 @@ void BalloonWindow::paintEvent(QPaintEvent*) {
   painter.setPen(palette().color(QPalette::Mid));
   painter.setBrush(palette().toolTipBase());
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  if (!picture_.isNull()) picture_.paint(&painter, {QPoint(kMargin, kMargin), kPictureSize});
+  painter.translate(TextLeft(), 0);
   QAbstractTextDocumentLayout::PaintContext context;
   context.palette = palette();
   context.palette.setColor(QPalette::Text, palette().color(QPalette::ToolTipText));
   document_.documentLayout()->draw(&painter, context);
+}
+
+int BalloonWindow::TextLeft() const {
+  return picture_.isNull() ? 0 : kMargin + kPictureSize.width();
 }
 
 void BalloonWindow::MoveBeside(const QRect& anchor) {

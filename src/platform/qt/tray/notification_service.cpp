@@ -6,6 +6,8 @@
 #include <chrono>
 #include <utility>
 
+#include "platform/qt/tray/notification_picture.h"
+
 namespace kestrava {
 
 namespace {
@@ -15,6 +17,10 @@ using namespace std::chrono_literals;
 constexpr const char* kService = "org.freedesktop.Notifications";
 constexpr const char* kPath = "/org/freedesktop/Notifications";
 constexpr const char* kDefaultAction = "default";
+
+/// Some services, Xfce's for one, tell no click on the text, but show a button for the default
+/// action.
+constexpr const char* kDefaultLabel = "Show Kestrava";
 
 /// After this time without an answer the service is taken for failed.
 constexpr std::chrono::milliseconds kPatience = 1s;
@@ -39,7 +45,7 @@ NotificationService::NotificationService() {
   connect(&patience_, &QTimer::timeout, this, &NotificationService::Fail);
 }
 
-void NotificationService::Show(const QString& title, const QString& body) {
+void NotificationService::Show(const QString& title, const QString& body, const QIcon& picture) {
   ++wish_;
   wanted_ = true;
   if (!Connect() || owesAnswer_) {
@@ -48,9 +54,11 @@ void NotificationService::Show(const QString& title, const QString& body) {
   }
   patience_.start();
   // Another service may have taken the place of the one that showed the last notification.
-  Ask("GetCapabilities", {}, [this, title, body, wish = wish_](const QDBusMessage& answer) {
-    if (wish == wish_) TakeCapabilities(answer.arguments().value(0).toStringList(), title, body);
-  });
+  Ask("GetCapabilities", {},
+      [this, title, body, picture, wish = wish_](const QDBusMessage& answer) {
+        if (wish == wish_)
+          TakeCapabilities(answer.arguments().value(0).toStringList(), title, body, picture);
+      });
 }
 
 void NotificationService::Hide() {
@@ -92,18 +100,19 @@ void NotificationService::Ask(const char* method, const QVariantList& arguments,
 }
 
 void NotificationService::TakeCapabilities(const QStringList& capabilities, const QString& title,
-                                           QString body) {
+                                           QString body, const QIcon& picture) {
   // An error has no capabilities either.
   if (!capabilities.contains("actions")) {
     Fail();
     return;
   }
   if (capabilities.contains("body-markup")) body = body.toHtmlEscaped();
-  const QVariantMap hints = {{"desktop-entry", "kestrava"}, {"transient", true}};
+  QVariantMap hints = {{"desktop-entry", "kestrava"}, {"transient", true}};
+  if (!picture.isNull()) hints.insert("image-data", NotificationPicture(picture));
   const int expiry = static_cast<int>(kExpiry.count());
-  const QVariantList arguments = {
-      "Kestrava", id_,   "kestrava", title, body, QStringList{kDefaultAction, "Restore Kestrava"},
-      hints,      expiry};
+  const QVariantList arguments = {"Kestrava", id_,   "kestrava",
+                                  title,      body,  QStringList{kDefaultAction, kDefaultLabel},
+                                  hints,      expiry};
   Ask("Notify", arguments, [this, wish = wish_](const QDBusMessage& answer) {
     const uint id = answer.arguments().value(0).toUInt();
     if (wish != wish_) {

@@ -2,6 +2,7 @@
 
 #include <QDBusMessage>
 #include <QDBusServiceWatcher>
+#include <QIcon>
 #include <QObject>
 #include <QTimer>
 #include <functional>
@@ -17,8 +18,8 @@ class NotificationService final : public QObject {
  public:
   NotificationService();
 
-  /// Shows a notification, in place of the one that is up.
-  void Show(const QString& title, const QString& body);
+  /// Shows a notification, in place of the one that is up. `picture` may be null.
+  void Show(const QString& title, const QString& body, const QIcon& picture);
 
   /// Closes the notification. One that the service has yet to show is closed as soon as it shows.
   void Hide();
@@ -39,7 +40,8 @@ class NotificationService final : public QObject {
 
   bool Connect();
   void Ask(const char* method, const QVariantList& arguments, TakeAnswer take);
-  void TakeCapabilities(const QStringList& capabilities, const QString& title, QString body);
+  void TakeCapabilities(const QStringList& capabilities, const QString& title, QString body,
+                        const QIcon& picture);
   void Close(uint id);
   void Fail();
 

@@ -76,7 +76,8 @@ void QtNotificationArea::Modify(const NOTIFYICONDATA& record) {
     icon_->balloon.Hide();
   } else {
     const QString title = NotifyIconText(Readable(record, record.szInfoTitle));
-    icon_->balloon.Show(title, body, icon_->shown.Geometry());
+    const QIcon picture = record.dwInfoFlags == NIIF_USER ? icon_->shown.Icon() : QIcon();
+    icon_->balloon.Show(title, body, picture, icon_->shown.Geometry());
   }
 }
 

@@ -27,6 +27,7 @@ class TrayIcon final : public QObject {
   TrayIcon(MakeMenu makeMenu, const QWidget& window);
 
   void SetIcon(const QIcon& icon);
+  const QIcon& Icon() const { return icon_; }
   void SetTip(const QString& tip);
 
   /// Where the icon is on the screen; empty where nobody knows.

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QIcon>
+#include <QVariant>
+
+namespace kestrava {
+
+/// The picture in the form in which a notification has it: the structure (iiibiiay) of the hint
+/// "image-data" in the Desktop Notifications Specification of freedesktop.org.
+QVariant NotificationPicture(const QIcon& icon);
+
+}  // namespace kestrava
