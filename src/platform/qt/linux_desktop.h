@@ -9,6 +9,7 @@
 #include "platform/linux/linux_sockets.h"
 #include "platform/linux/linux_version_info.h"
 #include "platform/platform.h"
+#include "platform/qt/modal_waits.h"
 #include "platform/qt/qt_common_dialog.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_message_boxes.h"
@@ -47,11 +48,12 @@ class LinuxDesktop {
   LinuxVersionInfo versions_;
   QtSettingsStore settings_;
   QtEventLoop eventLoop_;
-  QtMessageBoxes messageBoxes_{eventLoop_};
-  QtPromptBoxes promptBoxes_{eventLoop_};
-  QtCommonDialog commonDialog_{eventLoop_};
-  QtWindowSystem windows_{eventLoop_};
-  QtWindowMessages messages_{windows_, eventLoop_};
+  ModalWaits waits_{eventLoop_};
+  QtMessageBoxes messageBoxes_{waits_};
+  QtPromptBoxes promptBoxes_{waits_};
+  QtCommonDialog commonDialog_{waits_};
+  QtWindowSystem windows_{eventLoop_, waits_};
+  QtWindowMessages messages_{windows_, waits_, eventLoop_};
   QtNotificationArea notificationArea_{messages_};
 };
 

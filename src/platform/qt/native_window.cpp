@@ -56,7 +56,7 @@ NativeWindow::NativeWindow(Form& form, QWidget* owner)
   widget_->setWindowTitle(ToShown(spec.caption));
   widget_->installEventFilter(this);
   if (auto* window = qobject_cast<QMainWindow*>(widget_); window && !spec.menu.empty()) {
-    BuildMenu(form, *link_, *window->menuBar());
+    BuildMenu(form, *link_, *window->menuBar(), commands_);
   }
   BuildControls();
   ChainTabOrder();
@@ -182,8 +182,10 @@ void NativeWindow::ShowWindowState() {
 }
 
 void NativeWindow::ShowVisibility() {
-  if (widget_->isVisible() == form_->Visible()) return;
-  if (!form_->Visible()) {
+  // A dialog may be off the screen with its main window and wait all the same.
+  if (shown_ == form_->Visible()) return;
+  shown_ = form_->Visible();
+  if (!shown_) {
     hiddenAt_ = widget_->pos();
     widget_->hide();
     emit Hidden();
@@ -191,10 +193,12 @@ void NativeWindow::ShowVisibility() {
   }
   if (hiddenAt_) widget_->move(*hiddenAt_);
   widget_->show();
-  if (!hiddenAt_) return;
-  // It comes back in front.
-  widget_->raise();
-  widget_->activateWindow();
+  if (hiddenAt_) {
+    // It comes back in front.
+    widget_->raise();
+    widget_->activateWindow();
+  }
+  emit Shown();
 }
 
 void NativeWindow::TakeWindowState() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QActionGroup>
 #include <QObject>
 #include <QPoint>
 #include <QWidget>
@@ -25,13 +26,20 @@ class NativeWindow final : public QObject {
   QWidget& Widget() const { return *widget_; }
   const TwipScale& Scale() const { return scale_; }
 
+  /// Does what the user's own minimising does.
+  void Minimize() { SetWindowState(WindowState::Minimized); }
+
+  /// Leaves only those commands that go beside a dialog, or all of them again.
+  void SetBlocked(bool blocked) { commands_.setDisabled(blocked); }
+
   /// Takes the window off the screen and leaves the form alone from now on.
   void Detach();
 
  signals:
   /// The user has pressed the close box. The window itself does nothing about it.
   void CloseRequested();
-  /// The form isn't visible any more.
+  /// The form has become visible, or isn't any more.
+  void Shown();
   void Hidden();
 
  protected:
@@ -68,6 +76,8 @@ class NativeWindow final : public QObject {
   TwipScale scale_;
   std::pair<int, int> place_;  ///< where the form was last put, in its twips
   bool placed_ = false;
+  bool shown_ = false;              ///< as the form had it last
+  QActionGroup commands_{nullptr};  ///< those that must not run beside a dialog
   std::optional<QPoint> hiddenAt_;  ///< where the window was when it was hidden
   /// What connects the widgets with the form is cut when it goes.
   std::unique_ptr<QObject> link_;

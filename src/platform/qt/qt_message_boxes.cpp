@@ -1,6 +1,5 @@
 #include "platform/qt/qt_message_boxes.h"
 
-#include <QApplication>
 #include <QMessageBox>
 
 #include "platform/qt/text.h"
@@ -24,7 +23,7 @@ QMessageBox::Icon NativeIcon(MessageIcon icon) {
 }  // namespace
 
 void QtMessageBoxes::MsgBox(const std::string& text, MessageIcon icon) {
-  QMessageBox box(QApplication::activeWindow());
+  QMessageBox box(waits_.Owner());
   box.setWindowTitle(QStringLiteral("Kestrava"));
   box.setIcon(NativeIcon(icon));
   box.setStandardButtons(QMessageBox::Ok);
@@ -32,7 +31,7 @@ void QtMessageBoxes::MsgBox(const std::string& text, MessageIcon icon) {
 }
 
 YesNo QtMessageBoxes::AskYesNo(const std::string& text, const std::string& title) {
-  QMessageBox box(QApplication::activeWindow());
+  QMessageBox box(waits_.Owner());
   box.setWindowTitle(ToShown(title));
   box.setIcon(QMessageBox::Question);
   box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
@@ -42,11 +41,9 @@ YesNo QtMessageBoxes::AskYesNo(const std::string& text, const std::string& title
 }
 
 void QtMessageBoxes::Ask(QMessageBox& box, const std::string& text) {
-  if (eventLoop_.HasEnded()) return;
   box.setTextFormat(Qt::PlainText);
   box.setText(ToShown(text));
-  QObject::connect(&eventLoop_, &QtEventLoop::Ended, &box, &QDialog::reject);
-  box.exec();
+  waits_.Ask(box);
 }
 
 }  // namespace kestrava

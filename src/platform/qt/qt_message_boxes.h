@@ -1,16 +1,16 @@
 #pragma once
 
 #include "platform/message_box.h"
-#include "platform/qt/qt_event_loop.h"
+#include "platform/qt/modal_waits.h"
 
 class QMessageBox;
 
 namespace kestrava {
 
-/// Message boxes as Qt dialogs above the window that is in use.
+/// Message boxes as Qt dialogs above the window that waits.
 class QtMessageBoxes final : public MessageBoxes {
  public:
-  explicit QtMessageBoxes(QtEventLoop& eventLoop) : eventLoop_(eventLoop) {}
+  explicit QtMessageBoxes(ModalWaits& waits) : waits_(waits) {}
 
   void MsgBox(const std::string& text, MessageIcon icon) override;
   YesNo AskYesNo(const std::string& text, const std::string& title) override;
@@ -20,7 +20,7 @@ class QtMessageBoxes final : public MessageBoxes {
   /// the end of the program.
   void Ask(QMessageBox& box, const std::string& text);
 
-  QtEventLoop& eventLoop_;
+  ModalWaits& waits_;
 };
 
 }  // namespace kestrava

@@ -25,6 +25,9 @@ constexpr std::chrono::milliseconds kLatestAnswer = 10min;
 /// The program closes its notifications itself. This is for one that it leaves behind.
 constexpr std::chrono::milliseconds kExpiry = 10s;
 
+/// The token goes into the environment, where other programs get it too.
+constexpr qsizetype kLongestToken = 4096;
+
 QDBusMessage Call(const char* method, const QVariantList& arguments) {
   QDBusMessage call = QDBusMessage::createMethodCall(kService, kPath, kService, method);
   call.setArguments(arguments);
@@ -71,10 +74,12 @@ bool NotificationService::Connect() {
     id_ = 0;
     if (wanted_) Fail();
   });
-  bus.connect({}, kPath, kService, "ActionInvoked", this, SLOT(TakeClick(uint, QString)));
-  bus.connect({}, kPath, kService, "NotificationClosed", this, SLOT(TakeClosed(uint, uint)));
+  bus.connect({}, kPath, kService, "ActionInvoked", this,
+              SLOT(TakeClick(uint, QString, QDBusMessage)));
+  bus.connect({}, kPath, kService, "NotificationClosed", this,
+              SLOT(TakeClosed(uint, uint, QDBusMessage)));
   bus.connect({}, kPath, kService, "ActivationToken", this,
-              SLOT(TakeActivationToken(uint, QString)));
+              SLOT(TakeActivationToken(uint, QString, QDBusMessage)));
   return true;
 }
 
@@ -112,23 +117,30 @@ void NotificationService::TakeCapabilities(const QStringList& capabilities, cons
       Fail();
     } else {
       id_ = id;
+      shower_ = answer.service();
       patience_.stop();
     }
   });
 }
 
-void NotificationService::TakeClick(uint id, const QString& action) {
-  if (id != 0 && id == id_ && action == kDefaultAction) emit Clicked();
+bool NotificationService::IsOurs(uint id, const QDBusMessage& signal) const {
+  return id != 0 && id == id_ && signal.service() == shower_;
 }
 
-void NotificationService::TakeClosed(uint id, uint) {
-  if (id != id_) return;
+void NotificationService::TakeClick(uint id, const QString& action, const QDBusMessage& signal) {
+  if (IsOurs(id, signal) && action == kDefaultAction) emit Clicked();
+}
+
+void NotificationService::TakeClosed(uint id, uint, const QDBusMessage& signal) {
+  if (!IsOurs(id, signal)) return;
   id_ = 0;
   wanted_ = false;
 }
 
-void NotificationService::TakeActivationToken(uint id, const QString& token) {
-  if (id != 0 && id == id_) qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+void NotificationService::TakeActivationToken(uint id, const QString& token,
+                                              const QDBusMessage& signal) {
+  if (!IsOurs(id, signal) || token.size() > kLongestToken) return;
+  qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
 }
 
 void NotificationService::Close(uint id) {

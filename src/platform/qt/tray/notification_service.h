@@ -29,10 +29,10 @@ class NotificationService final : public QObject {
   void Failed();
 
  private slots:
-  void TakeClick(uint id, const QString& action);
-  void TakeClosed(uint id, uint reason);
+  void TakeClick(uint id, const QString& action, const QDBusMessage& signal);
+  void TakeClosed(uint id, uint reason, const QDBusMessage& signal);
   /// The click's token lets the program bring its window to the front.
-  void TakeActivationToken(uint id, const QString& token);
+  void TakeActivationToken(uint id, const QString& token, const QDBusMessage& signal);
 
  private:
   using TakeAnswer = std::function<void(const QDBusMessage& answer)>;
@@ -40,6 +40,8 @@ class NotificationService final : public QObject {
   bool Connect();
   void Ask(const char* method, const QVariantList& arguments, TakeAnswer take);
   void TakeCapabilities(const QStringList& capabilities, const QString& title, QString body);
+  /// Whether the signal is about the notification that is up, and from whoever shows it.
+  bool IsOurs(uint id, const QDBusMessage& signal) const;
   void Close(uint id);
   void Fail();
 
@@ -50,7 +52,8 @@ class NotificationService final : public QObject {
   unsigned wish_ = 0;
   bool wanted_ = false;  ///< a notification is up or asked for
   bool owesAnswer_ = false;
-  uint id_ = 0;  ///< of the notification that is up; 0 for none
+  uint id_ = 0;     ///< of the notification that is up; 0 for none
+  QString shower_;  ///< the unique bus name of whoever shows it
 };
 
 }  // namespace kestrava
