@@ -110,7 +110,7 @@ TEST_F(Tray, AStatusNotifierHostAndANotificationService) {
   EXPECT_FALSE(Shows("balloon"));
 
   desktop.main.mnuFileTray.Click.Raise();
-  const QString menu = services.Call("/MenuBar", "GetLayout", {0, -1, QStringList()});
+  const QString menu = services.Call("/StatusNotifierItem/Menu", "GetLayout", {0, -1, QStringList()});
   const QRegularExpression visible(R"re(: "([^"]*)"], "visible" = \[Variant\(bool\): true)re");
   QString entries;
   for (const auto& entry : visible.globalMatch(menu)) entries += entry.captured(1) + '|';

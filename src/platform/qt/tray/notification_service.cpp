@@ -66,11 +66,9 @@ void NotificationService::Hide() {
 bool NotificationService::Connect() {
   QDBusConnection bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return false;
-  if (std::exchange(connected_, true)) return true;
-  watcher_.setConnection(bus);
-  watcher_.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
-  watcher_.addWatchedService(kService);
-  connect(&watcher_, &QDBusServiceWatcher::serviceUnregistered, this, [this] {
+  if (watcher_) return true;
+  watcher_.emplace(bus, kService);
+  connect(&*watcher_, &BusNameWatch::Lost, this, [this] {
     id_ = 0;
     if (wanted_) Fail();
   });

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QDBusMessage>
-#include <QDBusServiceWatcher>
 #include <QObject>
 #include <QTimer>
 #include <functional>
+#include <optional>
+
+#include "platform/qt/tray/bus_name_watch.h"
 
 namespace kestrava {
 
@@ -45,8 +47,7 @@ class NotificationService final : public QObject {
   void Close(uint id);
   void Fail();
 
-  bool connected_ = false;
-  QDBusServiceWatcher watcher_;
+  std::optional<BusNameWatch> watcher_;  ///< from the first connection to the bus on
   QTimer patience_;
   /// Counts what was asked of the service last, so that late answers to earlier wishes are known.
   unsigned wish_ = 0;

@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "platform/qt/tray/stand_in_icon.h"
+#include "platform/qt/tray/status_notifier_item.h"
 #include "platform/qt/tray/status_notifier_watch.h"
 #include "platform/qt/tray/xembed_watch.h"
 
@@ -42,7 +43,8 @@ class TrayIcon final : public QObject {
   void LookForTrays();
   void Follow();
   Road BestRoad() const;
-  void ShowInTray(Road road);
+  void ShowOnBus();
+  void ShowEmbedded();
   void ShowStandIn();
 
   MakeMenu makeMenu_;
@@ -53,7 +55,8 @@ class TrayIcon final : public QObject {
   std::optional<StatusNotifierWatch> statusNotifier_;
   std::optional<XembedWatch> xembed_;
   std::unique_ptr<QMenu> menu_;
-  std::unique_ptr<QSystemTrayIcon> inTray_;
+  std::unique_ptr<StatusNotifierItem> onBus_;
+  std::unique_ptr<QSystemTrayIcon> embedded_;
   std::unique_ptr<StandInIcon> standIn_;
 };
 
