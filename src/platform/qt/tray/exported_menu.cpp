@@ -4,6 +4,8 @@
 #include <QDBusConnection>
 #include <QDBusMetaType>
 
+#include "platform/qt/session_bus.h"
+
 namespace kestrava {
 
 namespace {
@@ -24,7 +26,7 @@ ExportedMenu::ExportedMenu(const QMenu& menu) : menu_(menu) {
   qDBusRegisterMetaType<QList<ExportedProperties>>();
   qDBusRegisterMetaType<ExportedEvent>();
   qDBusRegisterMetaType<QList<ExportedEvent>>();
-  QDBusConnection::sessionBus().registerObject(
+  SessionBus().registerObject(
       kPath, this,
       QDBusConnection::ExportScriptableContents | QDBusConnection::ExportAllProperties);
   change_.setSingleShot(true);
@@ -34,7 +36,7 @@ ExportedMenu::ExportedMenu(const QMenu& menu) : menu_(menu) {
   }
 }
 
-ExportedMenu::~ExportedMenu() { QDBusConnection::sessionBus().unregisterObject(kPath); }
+ExportedMenu::~ExportedMenu() { SessionBus().unregisterObject(kPath); }
 
 uint ExportedMenu::GetLayout(int parent, int depth, const QStringList&,
                              ExportedEntry& layout) const {

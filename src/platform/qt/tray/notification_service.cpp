@@ -6,6 +6,8 @@
 #include <chrono>
 #include <utility>
 
+#include "platform/qt/session_bus.h"
+
 namespace kestrava {
 
 namespace {
@@ -64,7 +66,7 @@ void NotificationService::Hide() {
 }
 
 bool NotificationService::Connect() {
-  QDBusConnection bus = QDBusConnection::sessionBus();
+  QDBusConnection bus = SessionBus();
   if (!bus.isConnected()) return false;
   if (watcher_) return true;
   watcher_.emplace(bus, kService);
@@ -83,8 +85,8 @@ bool NotificationService::Connect() {
 
 void NotificationService::Ask(const char* method, const QVariantList& arguments, TakeAnswer take) {
   const int timeout = static_cast<int>(kLatestAnswer.count());
-  auto* question = new QDBusPendingCallWatcher(
-      QDBusConnection::sessionBus().asyncCall(Call(method, arguments), timeout), this);
+  auto* question =
+      new QDBusPendingCallWatcher(SessionBus().asyncCall(Call(method, arguments), timeout), this);
   owesAnswer_ = true;
   connect(question, &QDBusPendingCallWatcher::finished, this,
           [this, take = std::move(take)](QDBusPendingCallWatcher* answered) {
@@ -142,7 +144,7 @@ void NotificationService::TakeActivationToken(uint id, const QString& token,
 }
 
 void NotificationService::Close(uint id) {
-  if (id != 0) QDBusConnection::sessionBus().send(Call("CloseNotification", {id}));
+  if (id != 0) SessionBus().send(Call("CloseNotification", {id}));
 }
 
 void NotificationService::Fail() {

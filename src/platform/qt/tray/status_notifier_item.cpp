@@ -8,6 +8,8 @@
 #include <QtEndian>
 #include <chrono>
 
+#include "platform/qt/session_bus.h"
+
 namespace kestrava {
 
 namespace {
@@ -36,7 +38,7 @@ StatusNotifierItem::StatusNotifierItem(const QIcon& icon, const QString& tip, co
   qDBusRegisterMetaType<IconImages>();
   qDBusRegisterMetaType<IconTip>();
   if (menu) menu_.emplace(*menu);
-  QDBusConnection::sessionBus().registerObject(
+  SessionBus().registerObject(
       kPath, this,
       QDBusConnection::ExportScriptableContents | QDBusConnection::ExportAllProperties);
   patience_.setSingleShot(true);
@@ -45,7 +47,7 @@ StatusNotifierItem::StatusNotifierItem(const QIcon& icon, const QString& tip, co
   Register();
 }
 
-StatusNotifierItem::~StatusNotifierItem() { QDBusConnection::sessionBus().unregisterObject(kPath); }
+StatusNotifierItem::~StatusNotifierItem() { SessionBus().unregisterObject(kPath); }
 
 void StatusNotifierItem::SetIcon(const QIcon& icon) {
   icon_ = icon;
@@ -78,7 +80,7 @@ QDBusObjectPath StatusNotifierItem::Menu() const {
 void StatusNotifierItem::ContextMenu(int, int) { emit ContextRequested(); }
 
 void StatusNotifierItem::Register() {
-  QDBusConnection bus = QDBusConnection::sessionBus();
+  QDBusConnection bus = SessionBus();
   QDBusMessage request = QDBusMessage::createMethodCall(kWatcher, kWatcherPath, kWatcher,
                                                         "RegisterStatusNotifierItem");
   request.setArguments({bus.baseService()});

@@ -6,6 +6,8 @@
 #include <QDBusVariant>
 #include <chrono>
 
+#include "platform/qt/session_bus.h"
+
 namespace kestrava {
 
 namespace {
@@ -29,7 +31,7 @@ StatusNotifierWatch::StatusNotifierWatch() {
   patience_.setInterval(kPatience);
   connect(&patience_, &QTimer::timeout, this, [this] { Become(Host::Silent); });
 
-  QDBusConnection bus = QDBusConnection::sessionBus();
+  QDBusConnection bus = SessionBus();
   if (!bus.isConnected()) {
     state_ = Host::Absent;
     return;
@@ -49,7 +51,7 @@ void StatusNotifierWatch::Ask() {
   question.setArguments({kService, kHostProperty});
   question.setAutoStartService(false);
   question_ = std::make_unique<QDBusPendingCallWatcher>(
-      QDBusConnection::sessionBus().asyncCall(question, static_cast<int>(kLatestAnswer.count())));
+      SessionBus().asyncCall(question, static_cast<int>(kLatestAnswer.count())));
   connect(question_.get(), &QDBusPendingCallWatcher::finished, this,
           [this](const QDBusPendingCallWatcher* call) { Take(*call); });
   patience_.start();

@@ -38,8 +38,13 @@ QRect TrayIcon::Geometry() const {
 }
 
 void TrayIcon::LookForTrays() {
-  connect(&statusNotifier_.emplace(), &StatusNotifierWatch::Changed, this, &TrayIcon::Follow);
+  connect(&lateBus_.emplace(), &LateSessionBus::Came, this, &TrayIcon::LookOnBus);
   connect(&xembed_.emplace(), &XembedWatch::Changed, this, &TrayIcon::Follow);
+  LookOnBus();
+}
+
+void TrayIcon::LookOnBus() {
+  connect(&statusNotifier_.emplace(), &StatusNotifierWatch::Changed, this, &TrayIcon::Follow);
   Follow();
 }
 

@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 
+#include "platform/qt/session_bus.h"
 #include "platform/qt/tray/stand_in_icon.h"
 #include "platform/qt/tray/status_notifier_item.h"
 #include "platform/qt/tray/status_notifier_watch.h"
@@ -41,6 +42,7 @@ class TrayIcon final : public QObject {
   enum class Road { None, StatusNotifier, Xembed, StandIn };
 
   void LookForTrays();
+  void LookOnBus();
   void Follow();
   Road BestRoad() const;
   void ShowOnBus();
@@ -52,6 +54,7 @@ class TrayIcon final : public QObject {
   QIcon icon_;
   QString tip_;
   Road road_ = Road::None;
+  std::optional<LateSessionBus> lateBus_;
   std::optional<StatusNotifierWatch> statusNotifier_;
   std::optional<XembedWatch> xembed_;
   std::unique_ptr<QMenu> menu_;

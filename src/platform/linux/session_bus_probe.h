@@ -1,0 +1,42 @@
+#pragma once
+
+#include <chrono>
+#include <string>
+
+#include "platform/linux/file_descriptor.h"
+
+namespace kestrava {
+
+/// Asks a D-Bus message bus for a sign of life, by a connection of its own: it logs in and says
+/// hello, as the D-Bus Specification of freedesktop.org has it. Nothing here waits but `AnswersIn`.
+class SessionBusProbe {
+ public:
+  /// @param addresses of the bus as in DBUS_SESSION_BUS_ADDRESS: the first that can be reached
+  ///   counts. Empty stands for the usual place below $XDG_RUNTIME_DIR.
+  explicit SessionBusProbe(const std::string& addresses);
+
+  enum class Bus {
+    Asked,     ///< and silent so far
+    Answers,   ///< it is alive
+    NotAsked,  ///< there is none, or only one that can't be reached by a Unix socket
+    Full,  ///< it takes no more connections, so it is silent, and nothing will tell of its answer
+  };
+  Bus State() const { return state_; }
+
+  /// Takes in what the bus has sent by now.
+  Bus Read();
+  /// The same, after waiting for it.
+  Bus AnswersIn(std::chrono::milliseconds patience);
+
+  /// Readable when there is something for `Read`.
+  int Descriptor() const { return socket_.Number(); }
+
+ private:
+  bool Ask(const std::string& path);
+
+  FileDescriptor socket_;
+  std::string answer_;
+  Bus state_ = Bus::NotAsked;
+};
+
+}  // namespace kestrava
