@@ -1,6 +1,7 @@
 #include "platform/linux/session_bus_probe.h"
 
 #include <array>
+#include <bit>
 #include <cerrno>
 #include <charconv>
 #include <cstdint>
@@ -49,13 +50,30 @@ std::string PathIn(std::string_view address) {
   return std::string(folder) + "/bus";
 }
 
-/// A number of the message format: four bytes, the lowest first.
+/// A number of the message format, in this machine's order of bytes.
 void AppendNumber(std::string& message, std::size_t number) {
-  for (int shift = 0; shift < 32; shift += 8) message += static_cast<char>(number >> shift);
+  const auto value = static_cast<std::uint32_t>(number);
+  message.append(reinterpret_cast<const char*>(&value), sizeof value);
 }
+std::size_t NumberAt(std::string_view message, std::size_t place) {
+  std::uint32_t value = 0;
+  std::memcpy(&value, &message[place], sizeof value);
+  return value;
+}
+std::size_t Aligned(std::size_t size) { return (size + 7) / 8 * 8; }
 
-/// The login of this user and the call of `Hello`, which every connection begins with.
-std::string Greeting() {
+constexpr char kByteOrder = std::endian::native == std::endian::little ? 'l' : 'B';
+constexpr char kMethodCall = 1;
+constexpr char kSignal = 4;
+constexpr char kNoAutoStart = 2;
+constexpr std::size_t kFixedHeader = 16;
+constexpr std::size_t kLongestAnswer = 65536;
+
+constexpr const char* kBus = "org.freedesktop.DBus";
+
+/// The call of a method without arguments.
+std::string Call(std::size_t serial, const char* service, const char* interface,
+                 const char* method) {
   struct Field {
     char code;
     char type;
@@ -63,32 +81,42 @@ std::string Greeting() {
   };
   std::string fields;
   for (const auto& [code, type, value] :
-       {Field{1, 'o', "/org/freedesktop/DBus"}, Field{2, 's', "org.freedesktop.DBus"},
-        Field{3, 's', "Hello"}, Field{6, 's', "org.freedesktop.DBus"}}) {
-    fields.resize((fields.size() + 7) / 8 * 8);
+       {Field{1, 'o', "/org/freedesktop/DBus"}, Field{2, 's', interface}, Field{3, 's', method},
+        Field{6, 's', service}}) {
+    fields.resize(Aligned(fields.size()));
     fields += {code, 1, type, '\0'};
     AppendNumber(fields, value.size());
     fields += value;
     fields += '\0';
   }
-  std::string greeting("\0AUTH EXTERNAL ", 15);
-  for (const char digit : std::to_string(geteuid())) {
-    greeting += '3';  // the digit's code in hexadecimal digits
-    greeting += digit;
-  }
-  greeting += "\r\nBEGIN\r\n";
-  std::string message = {'l', 1, 0, 1};
+  std::string message = {kByteOrder, kMethodCall, kNoAutoStart, 1};
   AppendNumber(message, 0);  // no body
-  AppendNumber(message, 1);  // the first message
+  AppendNumber(message, serial);
   AppendNumber(message, fields.size());
   message += fields;
-  message.resize((message.size() + 7) / 8 * 8);
-  return greeting + message;
+  message.resize(Aligned(message.size()));
+  return message;
+}
+
+/// The login of this user.
+std::string Login() {
+  std::string login("\0AUTH EXTERNAL ", 15);
+  for (const char digit : std::to_string(geteuid())) {
+    login += '3';  // the digit's code in hexadecimal digits
+    login += digit;
+  }
+  return login + "\r\nBEGIN\r\n";
 }
 
 }  // namespace
 
-SessionBusProbe::SessionBusProbe(const std::string& addresses) {
+SessionBusProbe::SessionBusProbe(const std::string& addresses,
+                                 std::span<const char* const> services)
+    : question_(Login() + Call(1, kBus, kBus, "Hello")), answersDue_(1 + services.size()) {
+  std::size_t serial = 1;
+  for (const char* service : services) {
+    question_ += Call(++serial, service, "org.freedesktop.DBus.Peer", "Ping");
+  }
   for (std::string_view left = addresses;;) {
     const std::string_view address = left.substr(0, left.find(';'));
     // Where no Unix socket is named, the toolkit has to find out for itself.
@@ -112,9 +140,8 @@ bool SessionBusProbe::Ask(const std::string& path) {
     state_ = Bus::Full;
     return true;
   }
-  const std::string greeting = Greeting();
-  const ssize_t sent = send(socket_.Number(), greeting.data(), greeting.size(), MSG_NOSIGNAL);
-  if (sent == static_cast<ssize_t>(greeting.size())) state_ = Bus::Asked;
+  const ssize_t sent = send(socket_.Number(), question_.data(), question_.size(), MSG_NOSIGNAL);
+  if (sent == static_cast<ssize_t>(question_.size())) state_ = Bus::Asked;
   return true;
 }
 
@@ -129,13 +156,30 @@ SessionBusProbe::Bus SessionBusProbe::Read() {
       state_ = Bus::NotAsked;
       break;
     }
-    answer_.append(buffer.data(), static_cast<std::size_t>(size));
-    const std::size_t login = answer_.find("\r\n");
-    if (login == std::string::npos) continue;
-    const bool refused = !answer_.starts_with("OK ");
-    if (refused || answer_.size() > login + 2) state_ = Bus::Answers;
+    received_.append(buffer.data(), static_cast<std::size_t>(size));
+    TakeAnswers();
+    // Whoever sends more than a bus does is none.
+    if (received_.size() > kLongestAnswer) state_ = Bus::NotAsked;
   }
   return state_;
+}
+
+void SessionBusProbe::TakeAnswers() {
+  if (!loggedIn_) {
+    const std::size_t end = received_.find("\r\n");
+    if (end == std::string::npos) return;
+    // A bus that refuses this user is alive.
+    if (!received_.starts_with("OK ")) state_ = Bus::Answers;
+    loggedIn_ = true;
+    received_.erase(0, end + 2);
+  }
+  while (state_ == Bus::Asked && received_.size() >= kFixedHeader) {
+    const std::size_t size =
+        kFixedHeader + Aligned(NumberAt(received_, 12)) + NumberAt(received_, 4);
+    if (received_.size() < size) return;
+    if (received_[1] != kSignal && --answersDue_ == 0) state_ = Bus::Answers;
+    received_.erase(0, size);
+  }
 }
 
 SessionBusProbe::Bus SessionBusProbe::AnswersIn(std::chrono::milliseconds patience) {

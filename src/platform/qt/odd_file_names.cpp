@@ -17,10 +17,25 @@ namespace kestrava {
 
 namespace {
 
-constexpr int kBytes = Qt::UserRole;
 constexpr int kLinesShown = 4;
 
-bool IsOdd(const QByteArray& name) { return QFile::encodeName(QFile::decodeName(name)) != name; }
+QString Shown(const QByteArray& name) {
+  return ToShown({name.data(), static_cast<std::size_t>(name.size())});
+}
+
+/// The files of the folder that the toolkit leaves out.
+QList<QByteArray> OddNamesIn(const QString& folder, const QString& pattern) {
+  QList<QByteArray> names;
+  std::error_code error;
+  std::filesystem::directory_iterator entry(QFile::encodeName(folder).toStdString(), error);
+  for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+    const auto name = QByteArray::fromStdString(entry->path().filename().string());
+    if (QFile::encodeName(QFile::decodeName(name)) == name) continue;
+    std::error_code unknown;
+    if (entry->is_regular_file(unknown) && QDir::match(pattern, Shown(name))) names << name;
+  }
+  return names;
+}
 
 }  // namespace
 
@@ -46,28 +61,22 @@ OddFileNames::OddFileNames(QFileDialog& dialog, QString pattern)
 
 std::string OddFileNames::PathOf(const QString& chosen) const {
   const QFileInfo file(chosen);
-  const auto same = names_->findItems(file.fileName(), Qt::MatchCaseSensitive);
+  const QListWidgetItem* item = names_->currentItem();
   // A name in UTF-8 may read the same.
-  if (same.isEmpty() || (file.exists() && !same.contains(names_->currentItem()))) {
-    return QFile::encodeName(chosen).toStdString();
+  const bool asListed = item && item->text() == file.fileName();
+  if (asListed || !file.exists()) {
+    for (const QByteArray& name : OddNamesIn(file.path(), pattern_)) {
+      if (Shown(name) == file.fileName()) {
+        return (QFile::encodeName(file.path()) + '/' + name).toStdString();
+      }
+    }
   }
-  return (QFile::encodeName(file.path()) + '/' + same.first()->data(kBytes).toByteArray())
-      .toStdString();
+  return QFile::encodeName(chosen).toStdString();
 }
 
 void OddFileNames::Fill(const QString& folder) {
   names_->clear();
-  std::error_code error;
-  std::filesystem::directory_iterator entry(QFile::encodeName(folder).toStdString(), error);
-  for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
-    const auto name = QByteArray::fromStdString(entry->path().filename().string());
-    std::error_code unknown;
-    if (!IsOdd(name) || !entry->is_regular_file(unknown)) continue;
-    const QString shown = ToShown({name.data(), static_cast<std::size_t>(name.size())});
-    if (!QDir::match(pattern_, shown)) continue;
-    auto* item = new QListWidgetItem(shown, names_);
-    item->setData(kBytes, name);
-  }
+  for (const QByteArray& name : OddNamesIn(folder, pattern_)) names_->addItem(Shown(name));
   names_->sortItems();
   setVisible(names_->count() > 0);
 }

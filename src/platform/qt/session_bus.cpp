@@ -14,6 +14,11 @@ constexpr const char* kVariable = "DBUS_SESSION_BUS_ADDRESS";
 constexpr const char* kNowhere = "unix:path=/nonexistent";
 constexpr const char* kLateConnection = "late session bus";
 
+/// What the toolkit asks and waits for, in Qt 6.4: the assistive technologies, a global menu bar, a
+/// tray.
+constexpr const char* kServices[] = {"org.a11y.Bus", "com.canonical.AppMenu.Registrar",
+                                     "org.kde.StatusNotifierWatcher"};
+
 /// A bus at work answers within a millisecond, on a machine that is starting up within some
 /// hundred.
 constexpr std::chrono::milliseconds kPatience = 700ms;
@@ -29,7 +34,7 @@ std::optional<QByteArray>& Withheld() {
 void WithholdSilentSessionBus() {
   const QByteArray address = qgetenv(kVariable);
   using Bus = SessionBusProbe::Bus;
-  const Bus bus = SessionBusProbe(address.toStdString()).AnswersIn(kPatience);
+  const Bus bus = SessionBusProbe(address.toStdString(), kServices).AnswersIn(kPatience);
   if (bus != Bus::Asked && bus != Bus::Full) return;
   Withheld() = address;
   qputenv(kVariable, kNowhere);
@@ -43,11 +48,8 @@ QDBusConnection SessionBus() {
 LateSessionBus::LateSessionBus() {
   // The toolkit looks once, and remembers that it has found nothing.
   if (!Withheld() || QDBusConnection::sessionBus().isConnected()) return;
-  if (Withheld()->isEmpty()) {
-    qunsetenv(kVariable);
-  } else {
-    qputenv(kVariable, *Withheld());
-  }
+  if (Withheld()->isEmpty()) *Withheld() = "unix:path=" + qgetenv("XDG_RUNTIME_DIR") + "/bus";
+  qputenv(kVariable, *Withheld());
   probe_.emplace(Withheld()->toStdString());
   if (probe_->State() != SessionBusProbe::Bus::Asked) return;
   auto* notifier = new QSocketNotifier(probe_->Descriptor(), QSocketNotifier::Read, this);
@@ -60,7 +62,8 @@ LateSessionBus::LateSessionBus() {
 
 void LateSessionBus::TakeAnswer() {
   if (probe_->State() != SessionBusProbe::Bus::Answers) return;
-  const auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, kLateConnection);
+  // By its address: the library below the toolkit remembers where the session bus was.
+  const auto bus = QDBusConnection::connectToBus(QString::fromUtf8(*Withheld()), kLateConnection);
   if (bus.isConnected()) emit Came();
 }
 

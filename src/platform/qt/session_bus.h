@@ -8,8 +8,8 @@
 
 namespace kestrava {
 
-/// Keeps the toolkit away from a session bus that doesn't answer, for which it would wait through
-/// its start. To be called before the application object is made.
+/// Keeps the toolkit away from a session bus that doesn't answer, or on which a service doesn't
+/// that the toolkit waits for at its start. To be called before the application object is made.
 void WithholdSilentSessionBus();
 
 /// The session bus: the toolkit's connection, or one of our own to a bus that answered late. It may

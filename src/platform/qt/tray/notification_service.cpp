@@ -1,7 +1,6 @@
 #include "platform/qt/tray/notification_service.h"
 
 #include <QDBusConnection>
-#include <QDBusPendingCallWatcher>
 #include <QVariantMap>
 #include <chrono>
 #include <utility>
@@ -47,7 +46,7 @@ NotificationService::NotificationService() {
 void NotificationService::Show(const QString& title, const QString& body) {
   ++wish_;
   wanted_ = true;
-  if (!Connect() || owesAnswer_) {
+  if (!Connect() || take_) {
     Fail();
     return;
   }
@@ -83,17 +82,22 @@ bool NotificationService::Connect() {
   return true;
 }
 
-void NotificationService::Ask(const char* method, const QVariantList& arguments, TakeAnswer take) {
-  const int timeout = static_cast<int>(kLatestAnswer.count());
-  auto* question =
-      new QDBusPendingCallWatcher(SessionBus().asyncCall(Call(method, arguments), timeout), this);
-  owesAnswer_ = true;
-  connect(question, &QDBusPendingCallWatcher::finished, this,
-          [this, take = std::move(take)](QDBusPendingCallWatcher* answered) {
-            owesAnswer_ = false;
-            answered->deleteLater();
-            take(answered->reply());
-          });
+void NotificationService::Ask(const char* method, const QVariantList& arguments, Take take) {
+  take_ = std::move(take);
+  // This way answers and signals arrive in their order; a click may come right after the answer.
+  const bool asked = SessionBus().callWithCallback(
+      Call(method, arguments), this, SLOT(TakeAnswer(QDBusMessage)),
+      SLOT(TakeError(QDBusError, QDBusMessage)), static_cast<int>(kLatestAnswer.count()));
+  if (!asked) take_ = {};
+}
+
+void NotificationService::TakeAnswer(const QDBusMessage& answer) {
+  // It may ask anew.
+  if (const Take take = std::exchange(take_, {})) take(answer);
+}
+
+void NotificationService::TakeError(const QDBusError&, const QDBusMessage& answer) {
+  TakeAnswer(answer);
 }
 
 void NotificationService::TakeCapabilities(const QStringList& capabilities, const QString& title,

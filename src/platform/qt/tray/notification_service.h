@@ -31,16 +31,18 @@ class NotificationService final : public QObject {
   void Failed();
 
  private slots:
+  void TakeAnswer(const QDBusMessage& answer);
+  void TakeError(const QDBusError& error, const QDBusMessage& answer);
   void TakeClick(uint id, const QString& action, const QDBusMessage& signal);
   void TakeClosed(uint id, uint reason, const QDBusMessage& signal);
   /// The click's token lets the program bring its window to the front.
   void TakeActivationToken(uint id, const QString& token, const QDBusMessage& signal);
 
  private:
-  using TakeAnswer = std::function<void(const QDBusMessage& answer)>;
+  using Take = std::function<void(const QDBusMessage& answer)>;
 
   bool Connect();
-  void Ask(const char* method, const QVariantList& arguments, TakeAnswer take);
+  void Ask(const char* method, const QVariantList& arguments, Take take);
   void TakeCapabilities(const QStringList& capabilities, const QString& title, QString body);
   /// Whether the signal is about the notification that is up, and from whoever shows it.
   bool IsOurs(uint id, const QDBusMessage& signal) const;
@@ -52,9 +54,9 @@ class NotificationService final : public QObject {
   /// Counts what was asked of the service last, so that late answers to earlier wishes are known.
   unsigned wish_ = 0;
   bool wanted_ = false;  ///< a notification is up or asked for
-  bool owesAnswer_ = false;
-  uint id_ = 0;     ///< of the notification that is up; 0 for none
-  QString shower_;  ///< the unique bus name of whoever shows it
+  Take take_;            ///< takes the answer that the service owes; empty where it owes none
+  uint id_ = 0;          ///< of the notification that is up; 0 for none
+  QString shower_;       ///< the unique bus name of whoever shows it
 };
 
 }  // namespace kestrava
