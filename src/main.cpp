@@ -8,6 +8,7 @@
 #include "monitor/frmMain.h"
 #include "platform/linux/termination_signals.h"
 #include "platform/qt/linux_desktop.h"
+#include "platform/qt/session_bus.h"
 
 namespace {
 
@@ -40,6 +41,7 @@ int main(int argc, char* argv[]) {
   QApplication::setOrganizationName(QStringLiteral("Kestrava"));
   QApplication::setApplicationName(QStringLiteral("Kestrava"));
   QApplication::setDesktopFileName(QStringLiteral("kestrava"));
+  WithholdSilentSessionBus();
   QApplication application(argc, argv);
   // The application object has just taken over the user's locale. Dates follow it, but numbers in
   // stored texts always have a point.

@@ -24,9 +24,10 @@ class WindowSystem {
   /// Shows a loaded window and returns at once.
   virtual void Show(Form& form) = 0;
 
-  /// Shows a loaded window, lets no other window of the program take input, and returns when the
-  /// form's `Visible` has become false: by the form's own code, by the close box, or by the end of
-  /// the program. Events are delivered meanwhile.
+  /// Shows a loaded window, lets no window below it take input, and returns when the form's
+  /// `Visible` has become false: by the form's own code, by the close box, or by the end of the
+  /// program. Events are delivered meanwhile. The desktop may take the window off the screen with
+  /// the main window, and bring it back; that is no end.
   virtual void ShowModal(Form& form) = 0;
 
   /// Raises `form.Unload`, then takes the native window away. The form's own state stays readable.

@@ -3,9 +3,11 @@
 #include <QLabel>
 #include <QListView>
 #include <QMessageBox>
+#include <filesystem>
 
 #include "desktop/desktop.h"
 #include "help/web_pages.h"
+#include "platform/qt/wayland.h"
 
 namespace kestrava::test {
 /// Reads a message box and closes it.
@@ -136,6 +138,7 @@ TEST(Windows, EditChangesTheCellThatWasDoubleClickedWhereverItsRowGoes) {
 
 TEST(Windows, TheMenuWorksAndAListAndThePreferencesOutliveTheProgram) {
   const QString list = home.filePath("my list, \u00E4.kvl");
+  const std::string oddList = home.path().toStdString() + "/B\xFC.kvl";
   {
     Desktop desktop;
     Add("127.0.0.1");
@@ -151,6 +154,10 @@ TEST(Windows, TheMenuWorksAndAListAndThePreferencesOutliveTheProgram) {
     EXPECT_EQ(desktop.grid.Rows(), 1);
     Pick("mnuFileLoad");
     Pick("mnuConnPref");
+    std::filesystem::copy_file(list.toStdString(), oddList);
+    InDialogs({Enter(home.filePath("B\u00FC.kvl"))});
+    Pick("mnuFileLoad");
+    EXPECT_EQ(desktop.main.State().LastListFile, oddList);
     Pick("mnuFileAuto");
     Pick("mnuFileExit");
   }
@@ -158,7 +165,7 @@ TEST(Windows, TheMenuWorksAndAListAndThePreferencesOutliveTheProgram) {
   ASSERT_EQ(desktop.grid.Rows(), 3);
   EXPECT_EQ(desktop.Cell(1, kStatusColumn), "Online (Ping Response)");
   EXPECT_EQ(desktop.Cell(2, kStatusColumn), "Offline ()");
-  EXPECT_EQ(desktop.main.State().LastListFile, list.toStdString());
+  EXPECT_EQ(desktop.main.State().LastListFile, oddList);
   EXPECT_EQ(desktop.main.State().CheckInterval, 77);
   Pick("mnuFileAuto");
   EXPECT_FALSE(desktop.main.mnuFileAuto.Checked());
@@ -179,6 +186,33 @@ TEST(Windows, GoToTheTrayAndBack) {
   }
 }
 
+TEST(Windows, GoToTheTrayWithADialogAndItsBoxAndComeBackToGoOn) {
+  Desktop desktop;
+  int rows = 1;
+  for (const QString minimized : {"frmMain", "frmNewConn", "box"}) {
+    InDialogs({Enter("", "txtAddress"), [&](QWidget* box) {
+                 box->setObjectName("box");
+                 const QList<QWidget*> windows = {desktop.window, Widget("frmNewConn"), box};
+                 Widget(minimized)->setWindowState(Qt::WindowMinimized);
+                 Desktop::Settle();
+                 for (const auto* window : windows) EXPECT_FALSE(window->isVisible());
+                 Pick("mnuFileRestore");
+                 for (const auto* window : windows) {
+                   EXPECT_TRUE(window->isVisible() && !window->isMinimized());
+                 }
+                 EXPECT_TRUE(OnWayland() || Until([&] { return box->isActiveWindow(); }));
+                 for (const char* entry : {"mnuFileNew", "mnuConnCreate"}) Pick(entry);
+                 EXPECT_EQ(desktop.grid.Rows(), rows);
+                 InDialogs({Enter("1..2.3", "txtAddress")});
+                 box->close();
+               }});
+    Click("cmdAdd");
+    EXPECT_EQ(desktop.grid.Rows(), ++rows);
+  }
+  Pick("mnuFileNew");
+  EXPECT_EQ(desktop.grid.Rows(), 1);
+}
+
 TEST(Windows, HelpOpensItsPagesInTheBrowser) {
   QFile browser(home.filePath("browser"));
   QFile record(home.filePath("record"));
@@ -192,11 +226,15 @@ TEST(Windows, HelpOpensItsPagesInTheBrowser) {
     EXPECT_EQ(record.readLine().toStdString(), "1 " + url + "\n");
   };
   const Desktop desktop;
+  // Off the screen every window that comes up takes the keys, the icon's too.
+  ASSERT_TRUE(Until([] { return VisibleWindows().contains("trayStandIn"); }));
   desktop.window->activateWindow();
-  desktop.Settle();
+  ASSERT_TRUE(Until([&] { return desktop.window->isActiveWindow(); }));
   QTest::keyClick(desktop.window, Qt::Key_F1);
   opens(ManualUrl());
+  bool looked = false;
   InDialogs({[&](QWidget* about) {
+    looked = true;
     auto* link = about->findChild<QLabel*>("lblWeb");
     QTest::mouseClick(link, Qt::LeftButton, {}, {link->width() - 5, 3});
     opens(WebSiteUrl());
@@ -204,6 +242,7 @@ TEST(Windows, HelpOpensItsPagesInTheBrowser) {
     about->close();
   }});
   QTest::keyClick(desktop.window, Qt::Key_F2);
+  EXPECT_TRUE(looked);
 }
 
 TEST(Windows, CloseEndsARunningPassAtOnce) {

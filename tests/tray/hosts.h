@@ -63,17 +63,21 @@ class Notifications : public QObject, public QDBusContext {
 };
 
 /// A watcher for StatusNotifierItem icons, with a host.
-class Watcher : public QObject {
+class Watcher : public QObject, public QDBusContext {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierWatcher")
   Q_PROPERTY(bool IsStatusNotifierHostRegistered MEMBER hasHost)
 
  public:
   bool hasHost = true;
-  QString icon;  ///< bus name of the icon that registered
+  bool silent = false;  ///< it doesn't answer an icon that registers
+  QString icon;         ///< bus name of the icon that registered
 
  public slots:
-  void RegisterStatusNotifierItem(const QString& item) { icon = item; }
+  void RegisterStatusNotifierItem(const QString& item) {
+    setDelayedReply(silent);
+    icon = item;
+  }
 };
 
 /// The services of a desktop, which live on a thread and a bus connection of their own.
@@ -106,11 +110,11 @@ struct Services {
   bool Shows() {
     return Look([this] { return !notifications.shown.isEmpty(); });
   }
-  void Click() {
+  void ClickFrom(QDBusConnection sender) {
     auto click = QDBusMessage::createSignal(kNotificationsPath, kNotifications, "ActionInvoked");
     click.setArguments({41U, "default"});
     // Behind the answer to the call that showed it.
-    Look([&] { return bus.send(click); });
+    Look([&] { return sender.send(click); });
   }
   /// Calls a method of the icon, and gives the answer as text.
   QString Call(const char* path, const char* method, const QVariantList& arguments) {
@@ -122,7 +126,8 @@ struct Services {
     return text;
   }
 
-  QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "services");
+  QDBusConnection bus =
+      QDBusConnection::connectToBus(qgetenv("DBUS_SESSION_BUS_ADDRESS"), "services");
   Notifications notifications;
   Watcher watcher;
   QThread thread;

@@ -2,9 +2,11 @@
 #include <QMenu>
 #include <QRegularExpression>
 #include <QStandardPaths>
+#include <csignal>
 
 #include "desktop/desktop.h"
 #include "hosts.h"
+#include "platform/qt/session_bus.h"
 #include "platform/qt/tray/notify_icon_text.h"
 
 namespace kestrava::test {
@@ -20,6 +22,14 @@ static bool UntilShown(const QString& window) {
 }
 static bool UntilGone(const QString& window) {
   return Until([&] { return !Shows(window); });
+}
+
+/// Acts in the menu that comes up next, whatever dialog is open.
+static void InMenu(const std::function<void(QWidget* menu)>& act) {
+  QTimer::singleShot(20, [=] {
+    QWidget* menu = QApplication::activePopupWidget();
+    menu ? act(menu) : InMenu(act);
+  });
 }
 
 /// The main window, started in the tray, with one dead row.
@@ -78,14 +88,18 @@ TEST_F(Tray, AnEmbeddingTrayThatComesAndGoesWithoutABus) {
 
   QTest::qWait(500);
   const QPoint icon = Widget(kEmbedded)->mapToGlobal(QPoint(5, 5));
-  InDialogs({[&](QWidget* menu) {
-    tray.reset();
-    EXPECT_TRUE(UntilShown(kStandIn)) << "the tray dies while the menu is open";
-    menu->close();
+  InDialogs({[&](QWidget* box) {
+    InMenu([&](QWidget* menu) {
+      tray.reset();
+      EXPECT_TRUE(UntilShown(kStandIn)) << "the tray dies while the menu is open";
+      menu->close();
+    });
+    const Program rightClick("xdotool", {"mousemove", QString::number(icon.x()),
+                                         QString::number(icon.y()), "click", "3"});
+    EXPECT_TRUE(UntilShown(kStandIn));
+    box->close();
   }});
-  const Program rightClick(
-      "xdotool", {"mousemove", QString::number(icon.x()), QString::number(icon.y()), "click", "3"});
-  ASSERT_TRUE(UntilShown(kStandIn));
+  desktop.real.messageBoxes.MsgBox("The icon's menu opens all the same.", MessageIcon::None);
   desktop.ExpectExitFromMenu([&] {
     QContextMenuEvent event(QContextMenuEvent::Mouse, {}, {});
     QApplication::sendEvent(Widget(kStandIn), &event);
@@ -96,26 +110,48 @@ TEST_F(Tray, AStatusNotifierHostAndANotificationService) {
   const Bus bus;
   const Screen screen;
   Services services;
+  services.watcher.silent = true;
   services.bus.registerService(services.kNotifications);
+  services.bus.registerService(services.kTray);
   TrayDesktop desktop;
   ASSERT_TRUE(UntilShown(kStandIn));
+  services.watcher.silent = false;
+  services.bus.unregisterService(services.kTray);
   services.bus.registerService(services.kTray);
   ASSERT_TRUE(UntilGone(kStandIn));
   desktop.main.cmdCheck.Press();
   EXPECT_TRUE(Until([&] { return services.Shows(); }));
   EXPECT_EQ(services.notifications.shown, "default: Kestrava: " + kFailed.toHtmlEscaped());
-  services.Click();
+  services.ClickFrom(QDBusConnection::sessionBus());
+  QTest::qWait(100);
+  EXPECT_FALSE(Shows("frmMain")) << "somebody else's click";
+  services.ClickFrom(services.bus);
   EXPECT_TRUE(UntilShown("frmMain"));
   EXPECT_TRUE(Until([&] { return !services.Shows(); })) << "it closes by itself";
   EXPECT_FALSE(Shows("balloon"));
 
   desktop.main.mnuFileTray.Click.Raise();
-  const QString menu = services.Call("/MenuBar", "GetLayout", {0, -1, QStringList()});
+  const QString menu =
+      services.Call("/StatusNotifierItem/Menu", "GetLayout", {0, -1, QStringList()});
   const QRegularExpression visible(R"re(: "([^"]*)"], "visible" = \[Variant\(bool\): true)re");
   QString entries;
   for (const auto& entry : visible.globalMatch(menu)) entries += entry.captured(1) + '|';
   EXPECT_EQ(entries.toStdString(), "Restore Kestrava|separator|E_xit|") << menu.toStdString();
   desktop.ExpectExitFromMenu([&] { services.Call("/StatusNotifierItem", "ContextMenu", {0, 0}); });
+}
+
+TEST_F(Tray, ABusThatIsSilentAtTheStartAndAnswersLater) {
+  const Bus bus;
+  const auto daemon = static_cast<pid_t>(bus.daemon.processId());
+  kill(daemon, SIGSTOP);
+  WithholdSilentSessionBus();
+  const Screen screen;
+  const TrayDesktop desktop;
+  ASSERT_TRUE(UntilShown(kStandIn));
+  kill(daemon, SIGCONT);
+  Services services;
+  services.bus.registerService(services.kTray);
+  EXPECT_TRUE(UntilGone(kStandIn));
 }
 
 struct TrayWithFault : Tray, testing::WithParamInterface<const char*> {};

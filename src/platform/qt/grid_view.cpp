@@ -1,7 +1,9 @@
 #include "platform/qt/grid_view.h"
 
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QMouseEvent>
+#include <QStyleHints>
 #include <QToolTip>
 #include <algorithm>
 
@@ -72,6 +74,7 @@ void GridView::showEvent(QShowEvent* event) {
 }
 
 void GridView::mousePressEvent(QMouseEvent* event) {
+  pressedAt_ = event->timestamp();
   model_.CatchUp();
   QTableView::mousePressEvent(event);
   if (indexAt(event->position().toPoint()).isValid()) TakeCurrentIndex();
@@ -84,6 +87,10 @@ void GridView::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+  // The first press may have closed a dialog that stood here.
+  const auto longest =
+      static_cast<quint64>(QGuiApplication::styleHints()->mouseDoubleClickInterval());
+  if (event->timestamp() - pressedAt_ > longest) return mousePressEvent(event);
   model_.CatchUp();
   QTableView::mouseDoubleClickEvent(event);
   const bool onCell = indexAt(event->position().toPoint()).isValid();

@@ -62,6 +62,7 @@ class GridView final : public QTableView {
   GridModel model_;
   LampHeader* lamps_;
   TwipScale scale_;
+  quint64 pressedAt_ = 0;  ///< when the latest press came, in milliseconds
   /// The widths last taken from the grid, in twips, so that a width dragged by the user stays until
   /// the program sets one; -1 for one to be taken.
   std::vector<std::int32_t> appliedWidths_;

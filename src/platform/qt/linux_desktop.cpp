@@ -6,7 +6,7 @@
 namespace kestrava {
 
 LinuxDesktop::LinuxDesktop() {
-  eventLoop_.Watch(waits_);
+  eventLoop_.Watch(descriptorWaits_);
   eventLoop_.Watch(rdp_);
 }
 

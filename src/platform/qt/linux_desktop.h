@@ -10,6 +10,7 @@
 #include "platform/linux/linux_sockets.h"
 #include "platform/linux/linux_version_info.h"
 #include "platform/platform.h"
+#include "platform/qt/modal_waits.h"
 #include "platform/qt/qt_common_dialog.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_message_boxes.h"
@@ -36,21 +37,22 @@ class LinuxDesktop {
 
  private:
   LinuxClock clock_;
-  DescriptorWaits waits_;
-  LinuxIcmp icmp_{waits_};
+  DescriptorWaits descriptorWaits_;
+  LinuxIcmp icmp_{descriptorWaits_};
   LinuxSockets sockets_;
   LinuxRemoteDesktop rdp_;
-  LinuxFileWorker files_{waits_};
+  LinuxFileWorker files_{descriptorWaits_};
   LinuxRegistry registry_;
   LinuxProcesses processes_;
   LinuxVersionInfo versions_;
   QtSettingsStore settings_;
   QtEventLoop eventLoop_;
-  QtMessageBoxes messageBoxes_{eventLoop_};
-  QtPromptBoxes promptBoxes_{eventLoop_};
-  QtCommonDialog commonDialog_{eventLoop_};
-  QtWindowSystem windows_{eventLoop_};
-  QtWindowMessages messages_{windows_, eventLoop_};
+  ModalWaits modalWaits_{eventLoop_};
+  QtMessageBoxes messageBoxes_{modalWaits_};
+  QtPromptBoxes promptBoxes_{modalWaits_};
+  QtCommonDialog commonDialog_{modalWaits_};
+  QtWindowSystem windows_{eventLoop_, modalWaits_};
+  QtWindowMessages messages_{windows_, modalWaits_, eventLoop_};
   QtNotificationArea notificationArea_{messages_};
 };
 

@@ -30,7 +30,8 @@ void Mirror(MenuEntry& entry, QObject& link, QAction& action) {
 
 }  // namespace
 
-void BuildMenu(const Form& form, QObject& link, QMenuBar& bar) {
+void BuildMenu(const Form& form, QObject& link, QMenuBar& bar, QActionGroup& commands) {
+  commands.setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
   // The toolkit opens menus by Alt alone.
   new QShortcut(Qt::Key_F10, &bar, [&bar] { bar.setActiveAction(bar.actions().value(0)); });
   QMenu* menu = nullptr;
@@ -42,6 +43,7 @@ void BuildMenu(const Form& form, QObject& link, QMenuBar& bar) {
       Mirror(*entry, link, *menu->menuAction());
     } else if (menu) {
       QAction* action = menu->addAction(caption);
+      if (spec.kind == MenuKind::Entry) commands.addAction(action);
       action->setSeparator(spec.kind == MenuKind::Separator);
       action->setShortcut(QKeySequence(ToShown(spec.shortcut)));
       Mirror(*entry, link, *action);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QActionGroup>
 #include <QMenuBar>
 
 #include "platform/form.h"
@@ -7,7 +8,7 @@
 namespace kestrava {
 
 /// Fills `bar` with the menu table of `form`. The entries show the table's state for as long as
-/// `link` lives, and feed clicks back to it.
-void BuildMenu(const Form& form, QObject& link, QMenuBar& bar);
+/// `link` lives, and feed clicks back to it. Those of the kind `Entry` join `commands`.
+void BuildMenu(const Form& form, QObject& link, QMenuBar& bar, QActionGroup& commands);
 
 }  // namespace kestrava

@@ -66,7 +66,7 @@ NativeWindow::NativeWindow(Form& form, QWidget* owner)
   widget_->setWindowTitle(ToShown(spec.caption));
   widget_->installEventFilter(this);
   if (auto* window = qobject_cast<QMainWindow*>(widget_); window && !spec.menu.empty()) {
-    BuildMenu(form, *link_, *window->menuBar());
+    BuildMenu(form, *link_, *window->menuBar(), commands_);
   }
   BuildControls();
   ChainTabOrder();
@@ -78,7 +78,7 @@ NativeWindow::NativeWindow(Form& form, QWidget* owner)
 }
 
 QSize NativeWindow::OuterSize() const {
-  const QWidget* framed = shown_ ? widget_ : widget_->parentWidget();
+  const QWidget* framed = everShown_ ? widget_ : widget_->parentWidget();
   return framed ? widget_->size().grownBy(FrameOf(*framed)) : widget_->size();
 }
 
@@ -217,9 +217,11 @@ void NativeWindow::ShowWindowState() {
 }
 
 void NativeWindow::ShowVisibility() {
-  if (widget_->isVisible() == form_->Visible()) return;
-  if (!form_->Visible()) {
-    hiddenAt_ = widget_->windowHandle()->framePosition();
+  // A dialog may be off the screen with its main window and wait all the same.
+  if (shown_ == form_->Visible()) return;
+  shown_ = form_->Visible();
+  if (!shown_) {
+    if (widget_->windowHandle()) hiddenAt_ = widget_->windowHandle()->framePosition();
     widget_->hide();
     emit Hidden();
     return;
@@ -234,12 +236,14 @@ void NativeWindow::ShowVisibility() {
     Arrange();
     KeepCentre();
   }
-  shown_ = true;
+  everShown_ = true;
   widget_->show();
-  if (!hiddenAt_) return;
-  // It comes back in front.
-  widget_->raise();
-  widget_->activateWindow();
+  if (hiddenAt_) {
+    // It comes back in front.
+    widget_->raise();
+    widget_->activateWindow();
+  }
+  emit Shown();
 }
 
 void NativeWindow::TakeWindowState() {
@@ -281,7 +285,7 @@ void NativeWindow::KeepCentre() {
 }
 
 void NativeWindow::TakeFrame() {
-  if (framed_ || !shown_ || !placed_ || OnWayland()) return;
+  if (framed_ || !everShown_ || !placed_ || OnWayland()) return;
   if (FrameOf(*widget_).isNull()) return;
   framed_ = true;
   // A window manager that places windows by itself knows better.

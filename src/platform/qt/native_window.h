@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QActionGroup>
 #include <QObject>
 #include <QPoint>
 #include <QSize>
@@ -29,13 +30,20 @@ class NativeWindow final : public QObject {
   /// its owner.
   QSize OuterSize() const;
 
+  /// Does what the user's own minimising does.
+  void Minimize() { SetWindowState(WindowState::Minimized); }
+
+  /// Leaves only those commands that go beside a dialog, or all of them again.
+  void SetBlocked(bool blocked) { commands_.setDisabled(blocked); }
+
   /// Takes the window off the screen and leaves the form alone from now on.
   void Detach();
 
  signals:
   /// The user has pressed the close box. The window itself does nothing about it.
   void CloseRequested();
-  /// The form isn't visible any more.
+  /// The form has become visible, or isn't any more.
+  void Shown();
   void Hidden();
 
  protected:
@@ -81,11 +89,13 @@ class NativeWindow final : public QObject {
   TwipScale scale_;
   std::pair<int, int> place_;  ///< where the form was last put, in its twips
   bool placed_ = false;
-  QPoint corner_;  ///< of the frame, as it was last put
-  QSize outer_;    ///< of the window, as it was taken for then
-  bool shown_ = false;
+  QPoint corner_;       ///< of the frame, as it was last put
+  QSize outer_;         ///< of the window, as it was taken for then
+  bool shown_ = false;  ///< as the form had it last
+  bool everShown_ = false;
   bool framed_ = false;             ///< the frame is known and reckoned with
   std::optional<QPoint> hiddenAt_;  ///< where the frame was when the window was hidden
+  QActionGroup commands_{nullptr};  ///< those that must not run beside a dialog
   /// What connects the widgets with the form is cut when it goes.
   std::unique_ptr<QObject> link_;
 };

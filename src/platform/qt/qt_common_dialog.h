@@ -1,16 +1,17 @@
 #pragma once
 
 #include "platform/common_dialog.h"
-#include "platform/qt/qt_event_loop.h"
+#include "platform/qt/modal_waits.h"
 
 class QFileDialog;
 
 namespace kestrava {
 
-/// The desktop's own file dialogs where there are any, and Qt's elsewhere.
+/// Qt's own file dialogs: one of the desktop's would neither go to the tray with the other windows
+/// nor tell that it was minimised, and knows no names but those in UTF-8.
 class QtCommonDialog final : public CommonDialog {
  public:
-  explicit QtCommonDialog(QtEventLoop& eventLoop) : eventLoop_(eventLoop) {}
+  explicit QtCommonDialog(ModalWaits& waits) : waits_(waits) {}
 
   void ShowOpen() override;
   void ShowSave() override;
@@ -18,7 +19,7 @@ class QtCommonDialog final : public CommonDialog {
  private:
   void Ask(QFileDialog& dialog);
 
-  QtEventLoop& eventLoop_;
+  ModalWaits& waits_;
 };
 
 }  // namespace kestrava

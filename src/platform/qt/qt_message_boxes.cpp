@@ -1,6 +1,5 @@
 #include "platform/qt/qt_message_boxes.h"
 
-#include <QApplication>
 #include <QMessageBox>
 
 #include "platform/qt/text.h"
@@ -21,19 +20,24 @@ QMessageBox::Icon NativeIcon(MessageIcon icon) {
   return QMessageBox::NoIcon;
 }
 
-/// A box that the user may answer at any time.
+void Fill(QMessageBox& box, const std::string& text, MessageIcon icon) {
+  box.setWindowTitle(QStringLiteral("Kestrava"));
+  box.setIcon(NativeIcon(icon));
+  box.setStandardButtons(QMessageBox::Ok);
+  box.setTextFormat(Qt::PlainText);
+  box.setText(ToShown(text));
+}
+
+/// A message that nobody on the stack waits for.
 class QtOpenMsgBox final : public OpenMsgBox {
  public:
-  QtOpenMsgBox(const std::string& text, MessageIcon icon, std::function<void()> answered)
-      : box_(new QMessageBox(QApplication::activeWindow())) {
-    box_->setWindowTitle(QStringLiteral("Kestrava"));
-    box_->setIcon(NativeIcon(icon));
-    box_->setStandardButtons(QMessageBox::Ok);
-    box_->setTextFormat(Qt::PlainText);
-    box_->setText(ToShown(text));
+  QtOpenMsgBox(ModalWaits& waits, const std::string& text, MessageIcon icon,
+               std::function<void()> answered)
+      : box_(new QMessageBox(waits.Owner())), wait_(waits, *box_) {
+    Fill(*box_, text, icon);
     QObject::connect(box_, &QDialog::finished, box_,
                      [answered = std::move(answered)] { answered(); });
-    box_->open();
+    box_->show();
   }
   ~QtOpenMsgBox() override {
     box_->disconnect();
@@ -44,39 +48,32 @@ class QtOpenMsgBox final : public OpenMsgBox {
 
  private:
   QMessageBox* box_;
+  ModalWaits::Wait wait_;
 };
 
 }  // namespace
 
 std::unique_ptr<OpenMsgBox> QtMessageBoxes::ShowMsgBox(const std::string& text, MessageIcon icon,
                                                        std::function<void()> answered) {
-  return std::make_unique<QtOpenMsgBox>(text, icon, std::move(answered));
+  return std::make_unique<QtOpenMsgBox>(waits_, text, icon, std::move(answered));
 }
 
 void QtMessageBoxes::MsgBox(const std::string& text, MessageIcon icon) {
-  QMessageBox box(QApplication::activeWindow());
-  box.setWindowTitle(QStringLiteral("Kestrava"));
-  box.setIcon(NativeIcon(icon));
-  box.setStandardButtons(QMessageBox::Ok);
-  Ask(box, text);
+  QMessageBox box(waits_.Owner());
+  Fill(box, text, icon);
+  waits_.Ask(box);
 }
 
 YesNo QtMessageBoxes::AskYesNo(const std::string& text, const std::string& title) {
-  QMessageBox box(QApplication::activeWindow());
+  QMessageBox box(waits_.Owner());
   box.setWindowTitle(ToShown(title));
   box.setIcon(QMessageBox::Question);
   box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
   box.setEscapeButton(QMessageBox::No);
-  Ask(box, text);
-  return box.standardButton(box.clickedButton()) == QMessageBox::Yes ? YesNo::Yes : YesNo::No;
-}
-
-void QtMessageBoxes::Ask(QMessageBox& box, const std::string& text) {
-  if (eventLoop_.HasEnded()) return;
   box.setTextFormat(Qt::PlainText);
   box.setText(ToShown(text));
-  QObject::connect(&eventLoop_, &QtEventLoop::Ended, &box, &QDialog::reject);
-  box.exec();
+  waits_.Ask(box);
+  return box.standardButton(box.clickedButton()) == QMessageBox::Yes ? YesNo::Yes : YesNo::No;
 }
 
 }  // namespace kestrava

@@ -1,19 +1,19 @@
 #pragma once
 
 #include "platform/prompt_box.h"
-#include "platform/qt/qt_event_loop.h"
+#include "platform/qt/modal_waits.h"
 
 namespace kestrava {
 
 class QtPromptBoxes final : public PromptBoxes {
  public:
-  explicit QtPromptBoxes(QtEventLoop& eventLoop) : eventLoop_(eventLoop) {}
+  explicit QtPromptBoxes(ModalWaits& waits) : waits_(waits) {}
 
   std::string InputBox(const std::string& prompt, const std::string& title,
                        const std::string& text) override;
 
  private:
-  QtEventLoop& eventLoop_;
+  ModalWaits& waits_;
 };
 
 }  // namespace kestrava

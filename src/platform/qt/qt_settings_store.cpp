@@ -1,13 +1,21 @@
 #include "platform/qt/qt_settings_store.h"
 
 #include <QByteArray>
+#include <QFile>
+#include <QLockFile>
 #include <QMetaType>
 #include <QString>
 #include <QVariant>
+#include <chrono>
 
 namespace kestrava {
 
 namespace {
+
+/// The toolkit locks the settings for the moment of writing. A lock that is older was left behind
+/// by a program that isn't any more; the toolkit itself waits half a minute for one of another
+/// host.
+constexpr std::chrono::milliseconds kLongestLock(500);
 
 QString StoredName(const std::string& section, const std::string& key) {
   return QString::fromStdString(section) + '/' + QString::fromStdString(key);
@@ -43,8 +51,18 @@ std::string QtSettingsStore::ReadSetting(const std::string& section, const std::
 
 void QtSettingsStore::WriteSetting(const std::string& section, const std::string& key,
                                    const std::string& value) {
+  BreakOldLock();
   settings_.setValue(StoredName(section, key), StoredValue(value));
   settings_.sync();
+}
+
+void QtSettingsStore::BreakOldLock() const {
+  const QString name = settings_.fileName() + ".lock";
+  QLockFile lock(name);
+  lock.setStaleLockTime(static_cast<int>(kLongestLock.count()));
+  // Not even a program that has stopped in the midst of writing is waited for: the new file takes
+  // the old one's place at one stroke, whoever else does the same.
+  if (!lock.tryLock(static_cast<int>(kLongestLock.count()))) QFile::remove(name);
 }
 
 }  // namespace kestrava

@@ -18,6 +18,9 @@ class QtSettingsStore : public SettingsStore {
                     const std::string& value) override;
 
  private:
+  /// Nobody's lock on the settings may hold the program up.
+  void BreakOldLock() const;
+
   QSettings settings_;
 };
 

@@ -8,9 +8,10 @@ namespace kestrava {
 void QtWindowSystem::Load(Form& form) {
   if (WindowOf(form)) return;
   form.CheckWhole();
-  auto* window = new NativeWindow(form, Owner());
+  auto* window = new NativeWindow(form, waits_.Owner());
   windows_.emplace(&form, window);
   QObject::connect(window, &NativeWindow::CloseRequested, window, [this, &form] { Close(form); });
+  if (form.Spec().style == FormStyle::MainWindow) JoinWaits(*window);
   form.Load.Raise();
 }
 
@@ -24,7 +25,7 @@ void QtWindowSystem::ShowModal(Form& form) {
   QEventLoop wait;
   QObject::connect(window, &NativeWindow::Hidden, &wait, &QEventLoop::quit);
   QObject::connect(&eventLoop_, &QtEventLoop::Ended, &wait, &QEventLoop::quit);
-  window->Widget().setWindowModality(Qt::ApplicationModal);
+  const ModalWaits::Wait waiting(waits_, window->Widget());
   form.SetVisible(true);
   if (form.Visible()) wait.exec();
   form.SetVisible(false);
@@ -71,11 +72,12 @@ NativeWindow* QtWindowSystem::WindowOf(const Form& form) const {
   return found == windows_.end() ? nullptr : found->second;
 }
 
-QWidget* QtWindowSystem::Owner() const {
-  for (const auto& [form, window] : windows_) {
-    if (form->Spec().style == FormStyle::MainWindow) return &window->Widget();
-  }
-  return nullptr;
+void QtWindowSystem::JoinWaits(NativeWindow& window) {
+  waits_.SetMainWindow(window.Widget());
+  QObject::connect(&window, &NativeWindow::Shown, &waits_, &ModalWaits::Show);
+  QObject::connect(&window, &NativeWindow::Hidden, &waits_, &ModalWaits::Hide);
+  QObject::connect(&waits_, &ModalWaits::Minimized, &window, &NativeWindow::Minimize);
+  QObject::connect(&waits_, &ModalWaits::Waiting, &window, &NativeWindow::SetBlocked);
 }
 
 void QtWindowSystem::Close(Form& form) {

@@ -3,16 +3,18 @@
 #include <map>
 #include <memory>
 
+#include "platform/qt/modal_waits.h"
 #include "platform/qt/native_window.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/window_system.h"
 
 namespace kestrava {
 
-/// Windows as Qt widgets; the main window owns those of the dialogs.
+/// Windows as Qt widgets. The main window owns those of the dialogs, and they go and come with it.
 class QtWindowSystem final : public WindowSystem {
  public:
-  explicit QtWindowSystem(QtEventLoop& eventLoop) : eventLoop_(eventLoop) {}
+  QtWindowSystem(QtEventLoop& eventLoop, ModalWaits& waits)
+      : eventLoop_(eventLoop), waits_(waits) {}
 
   void Load(Form& form) override;
   void Show(Form& form) override;
@@ -26,10 +28,12 @@ class QtWindowSystem final : public WindowSystem {
 
  private:
   NativeWindow* WindowOf(const Form& form) const;
-  QWidget* Owner() const;
+  /// Joins the main window with the windows that wait above it.
+  void JoinWaits(NativeWindow& window);
   void Close(Form& form);
 
   QtEventLoop& eventLoop_;
+  ModalWaits& waits_;
   /// The main window's widgets, which own those of the dialogs, stay to the end.
   std::unique_ptr<QWidget> endedMainWindow_;
   std::map<const Form*, NativeWindow*> windows_;

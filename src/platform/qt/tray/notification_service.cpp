@@ -1,11 +1,11 @@
 #include "platform/qt/tray/notification_service.h"
 
 #include <QDBusConnection>
-#include <QDBusPendingCallWatcher>
 #include <QVariantMap>
 #include <chrono>
 #include <utility>
 
+#include "platform/qt/session_bus.h"
 #include "platform/qt/tray/notification_picture.h"
 
 namespace kestrava {
@@ -31,6 +31,9 @@ constexpr std::chrono::milliseconds kLatestAnswer = 10min;
 /// The program closes its notifications itself. This is for one that it leaves behind.
 constexpr std::chrono::milliseconds kExpiry = 10s;
 
+/// The token goes into the environment, where other programs get it too.
+constexpr qsizetype kLongestToken = 4096;
+
 QDBusMessage Call(const char* method, const QVariantList& arguments) {
   QDBusMessage call = QDBusMessage::createMethodCall(kService, kPath, kService, method);
   call.setArguments(arguments);
@@ -48,7 +51,7 @@ NotificationService::NotificationService() {
 void NotificationService::Show(const QString& title, const QString& body, const QIcon& picture) {
   ++wish_;
   wanted_ = true;
-  if (!Connect() || owesAnswer_) {
+  if (!Connect() || take_) {
     Fail();
     return;
   }
@@ -69,34 +72,39 @@ void NotificationService::Hide() {
 }
 
 bool NotificationService::Connect() {
-  QDBusConnection bus = QDBusConnection::sessionBus();
+  QDBusConnection bus = SessionBus();
   if (!bus.isConnected()) return false;
-  if (std::exchange(connected_, true)) return true;
-  watcher_.setConnection(bus);
-  watcher_.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
-  watcher_.addWatchedService(kService);
-  connect(&watcher_, &QDBusServiceWatcher::serviceUnregistered, this, [this] {
+  if (watcher_) return true;
+  watcher_.emplace(bus, kService);
+  connect(&*watcher_, &BusNameWatch::Lost, this, [this] {
     id_ = 0;
     if (wanted_) Fail();
   });
-  bus.connect({}, kPath, kService, "ActionInvoked", this, SLOT(TakeClick(uint, QString)));
-  bus.connect({}, kPath, kService, "NotificationClosed", this, SLOT(TakeClosed(uint, uint)));
+  bus.connect({}, kPath, kService, "ActionInvoked", this,
+              SLOT(TakeClick(uint, QString, QDBusMessage)));
+  bus.connect({}, kPath, kService, "NotificationClosed", this,
+              SLOT(TakeClosed(uint, uint, QDBusMessage)));
   bus.connect({}, kPath, kService, "ActivationToken", this,
-              SLOT(TakeActivationToken(uint, QString)));
+              SLOT(TakeActivationToken(uint, QString, QDBusMessage)));
   return true;
 }
 
-void NotificationService::Ask(const char* method, const QVariantList& arguments, TakeAnswer take) {
-  const int timeout = static_cast<int>(kLatestAnswer.count());
-  auto* question = new QDBusPendingCallWatcher(
-      QDBusConnection::sessionBus().asyncCall(Call(method, arguments), timeout), this);
-  owesAnswer_ = true;
-  connect(question, &QDBusPendingCallWatcher::finished, this,
-          [this, take = std::move(take)](QDBusPendingCallWatcher* answered) {
-            owesAnswer_ = false;
-            answered->deleteLater();
-            take(answered->reply());
-          });
+void NotificationService::Ask(const char* method, const QVariantList& arguments, Take take) {
+  take_ = std::move(take);
+  // This way answers and signals arrive in their order; a click may come right after the answer.
+  const bool asked = SessionBus().callWithCallback(
+      Call(method, arguments), this, SLOT(TakeAnswer(QDBusMessage)),
+      SLOT(TakeError(QDBusError, QDBusMessage)), static_cast<int>(kLatestAnswer.count()));
+  if (!asked) take_ = {};
+}
+
+void NotificationService::TakeAnswer(const QDBusMessage& answer) {
+  // It may ask anew.
+  if (const Take take = std::exchange(take_, {})) take(answer);
+}
+
+void NotificationService::TakeError(const QDBusError&, const QDBusMessage& answer) {
+  TakeAnswer(answer);
 }
 
 void NotificationService::TakeCapabilities(const QStringList& capabilities, const QString& title,
@@ -121,27 +129,34 @@ void NotificationService::TakeCapabilities(const QStringList& capabilities, cons
       Fail();
     } else {
       id_ = id;
+      shower_ = answer.service();
       patience_.stop();
     }
   });
 }
 
-void NotificationService::TakeClick(uint id, const QString& action) {
-  if (id != 0 && id == id_ && action == kDefaultAction) emit Clicked();
+bool NotificationService::IsOurs(uint id, const QDBusMessage& signal) const {
+  return id != 0 && id == id_ && signal.service() == shower_;
 }
 
-void NotificationService::TakeClosed(uint id, uint) {
-  if (id != id_) return;
+void NotificationService::TakeClick(uint id, const QString& action, const QDBusMessage& signal) {
+  if (IsOurs(id, signal) && action == kDefaultAction) emit Clicked();
+}
+
+void NotificationService::TakeClosed(uint id, uint, const QDBusMessage& signal) {
+  if (!IsOurs(id, signal)) return;
   id_ = 0;
   wanted_ = false;
 }
 
-void NotificationService::TakeActivationToken(uint id, const QString& token) {
-  if (id != 0 && id == id_) qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+void NotificationService::TakeActivationToken(uint id, const QString& token,
+                                              const QDBusMessage& signal) {
+  if (!IsOurs(id, signal) || token.size() > kLongestToken) return;
+  qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
 }
 
 void NotificationService::Close(uint id) {
-  if (id != 0) QDBusConnection::sessionBus().send(Call("CloseNotification", {id}));
+  if (id != 0) SessionBus().send(Call("CloseNotification", {id}));
 }
 
 void NotificationService::Fail() {

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <QDBusMessage>
-#include <QDBusServiceWatcher>
 #include <QIcon>
 #include <QObject>
 #include <QTimer>
 #include <functional>
+#include <optional>
+
+#include "platform/qt/tray/bus_name_watch.h"
 
 namespace kestrava {
 
@@ -30,29 +32,33 @@ class NotificationService final : public QObject {
   void Failed();
 
  private slots:
-  void TakeClick(uint id, const QString& action);
-  void TakeClosed(uint id, uint reason);
+  void TakeAnswer(const QDBusMessage& answer);
+  void TakeError(const QDBusError& error, const QDBusMessage& answer);
+  void TakeClick(uint id, const QString& action, const QDBusMessage& signal);
+  void TakeClosed(uint id, uint reason, const QDBusMessage& signal);
   /// The click's token lets the program bring its window to the front.
-  void TakeActivationToken(uint id, const QString& token);
+  void TakeActivationToken(uint id, const QString& token, const QDBusMessage& signal);
 
  private:
-  using TakeAnswer = std::function<void(const QDBusMessage& answer)>;
+  using Take = std::function<void(const QDBusMessage& answer)>;
 
   bool Connect();
-  void Ask(const char* method, const QVariantList& arguments, TakeAnswer take);
+  void Ask(const char* method, const QVariantList& arguments, Take take);
   void TakeCapabilities(const QStringList& capabilities, const QString& title, QString body,
                         const QIcon& picture);
+  /// Whether the signal is about the notification that is up, and from whoever shows it.
+  bool IsOurs(uint id, const QDBusMessage& signal) const;
   void Close(uint id);
   void Fail();
 
-  bool connected_ = false;
-  QDBusServiceWatcher watcher_;
+  std::optional<BusNameWatch> watcher_;  ///< from the first connection to the bus on
   QTimer patience_;
   /// Counts what was asked of the service last, so that late answers to earlier wishes are known.
   unsigned wish_ = 0;
   bool wanted_ = false;  ///< a notification is up or asked for
-  bool owesAnswer_ = false;
-  uint id_ = 0;  ///< of the notification that is up; 0 for none
+  Take take_;            ///< takes the answer that the service owes; empty where it owes none
+  uint id_ = 0;          ///< of the notification that is up; 0 for none
+  QString shower_;       ///< the unique bus name of whoever shows it
 };
 
 }  // namespace kestrava

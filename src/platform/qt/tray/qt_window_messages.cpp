@@ -70,16 +70,24 @@ void QtWindowMessages::SetForegroundWindow(std::int32_t hWnd) {
   if (!window || !window->isVisible()) return;
   window->raise();
   window->activateWindow();
+  waits_.BringToFront();
 }
 
 void QtWindowMessages::PopupMenu(Form& form, const MenuEntry& menu, const MenuEntry& defaultEntry) {
-  if (popupOpen_ || eventLoop_.HasEnded()) return;
-  const std::unique_ptr<QMenu> popup = MakeMenu(form, menu, defaultEntry);
-  if (!popup) return;
-  QObject::connect(&eventLoop_, &QtEventLoop::Ended, popup.get(), &QWidget::close);
-  popupOpen_ = true;
-  popup->exec(PopupPlace());
-  popupOpen_ = false;
+  // One that has gone may have left its command behind, which waits in a dialog.
+  if (popup_ && popup_->isVisible()) {
+    popupAskedAgain_ = true;
+    popup_->close();
+    return;
+  }
+  do {
+    popupAskedAgain_ = false;
+    const std::unique_ptr<QMenu> popup = MakeMenu(form, menu, defaultEntry);
+    if (!popup || eventLoop_.HasEnded()) return;
+    QObject::connect(&eventLoop_, &QtEventLoop::Ended, popup.get(), &QWidget::close);
+    popup_ = popup.get();
+    popup->exec(PopupPlace());
+  } while (popupAskedAgain_);
 }
 
 void QtWindowMessages::Post(std::int32_t hWnd, std::int32_t uMsg, std::int32_t wParam,

@@ -3,6 +3,7 @@
 #include <QIcon>
 #include <QMenu>
 #include <QObject>
+#include <QPointer>
 #include <deque>
 #include <map>
 #include <memory>
@@ -16,8 +17,8 @@ namespace kestrava {
 /// Window messages for the windows of a `QtWindowSystem`. An icon's handle is that of its window.
 class QtWindowMessages final : public WindowMessages {
  public:
-  QtWindowMessages(QtWindowSystem& windows, QtEventLoop& eventLoop)
-      : windows_(windows), eventLoop_(eventLoop) {}
+  QtWindowMessages(QtWindowSystem& windows, ModalWaits& waits, QtEventLoop& eventLoop)
+      : windows_(windows), waits_(waits), eventLoop_(eventLoop) {}
 
   std::int32_t WindowHandle(const Form& form) const override;
   std::int32_t IconHandle(const Form& form) const override { return WindowHandle(form); }
@@ -25,8 +26,10 @@ class QtWindowMessages final : public WindowMessages {
   std::int32_t SetWindowLongA(std::int32_t hWnd, int index, std::int32_t address) override;
   std::int32_t CallWindowProcA(std::int32_t address, std::int32_t hWnd, std::int32_t uMsg,
                                std::int32_t wParam, std::int32_t lParam) override;
+  /// Brings those that wait above it to the front, too.
   void SetForegroundWindow(std::int32_t hWnd) override;
-  /// Returns at once while another popup is open.
+  /// While another popup is open, that one is opened afresh instead: what the user asks for twice
+  /// doesn't answer, for want of the pointer, say.
   void PopupMenu(Form& form, const MenuEntry& menu, const MenuEntry& defaultEntry) override;
 
   /// Sends the message to the window's own procedure in a later turn of the event loop; a window
@@ -42,9 +45,11 @@ class QtWindowMessages final : public WindowMessages {
 
  private:
   QtWindowSystem& windows_;
+  ModalWaits& waits_;
   QtEventLoop& eventLoop_;
   QObject receiver_;  ///< messages that are under way go with it
-  bool popupOpen_ = false;
+  QPointer<QMenu> popup_;
+  bool popupAskedAgain_ = false;
   /// A form keeps its number for good. A handle is the place in this list, from 1.
   mutable std::deque<const Form*> forms_;
   std::map<std::int32_t, std::int32_t> addresses_;  ///< of the procedures that windows were given

@@ -6,6 +6,8 @@
 #include <QDBusVariant>
 #include <chrono>
 
+#include "platform/qt/session_bus.h"
+
 namespace kestrava {
 
 namespace {
@@ -19,6 +21,9 @@ constexpr const char* kHostProperty = "IsStatusNotifierHostRegistered";
 
 constexpr std::chrono::milliseconds kPatience = 1s;
 
+/// For so long a late answer counts.
+constexpr std::chrono::milliseconds kLatestAnswer = 10min;
+
 }  // namespace
 
 StatusNotifierWatch::StatusNotifierWatch() {
@@ -26,21 +31,17 @@ StatusNotifierWatch::StatusNotifierWatch() {
   patience_.setInterval(kPatience);
   connect(&patience_, &QTimer::timeout, this, [this] { Become(Host::Silent); });
 
-  QDBusConnection bus = QDBusConnection::sessionBus();
+  QDBusConnection bus = SessionBus();
   if (!bus.isConnected()) {
     state_ = Host::Absent;
     return;
   }
-  watcher_.setConnection(bus);
-  watcher_.addWatchedService(kService);
-  connect(&watcher_, &QDBusServiceWatcher::serviceRegistered, this, &StatusNotifierWatch::Ask);
-  connect(&watcher_, &QDBusServiceWatcher::serviceUnregistered, this,
-          &StatusNotifierWatch::BecomeAbsent);
+  watcher_.emplace(bus, kService);
+  connect(&*watcher_, &BusNameWatch::Taken, this, &StatusNotifierWatch::Ask);
+  connect(&*watcher_, &BusNameWatch::Lost, this, &StatusNotifierWatch::BecomeAbsent);
   for (const char* signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"}) {
     bus.connect({}, kPath, kService, signal, this, SLOT(Ask()));
   }
-  bus.connect({}, "/org/freedesktop/DBus/Local", "org.freedesktop.DBus.Local", "Disconnected", this,
-              SLOT(BecomeAbsent()));
   Ask();
 }
 
@@ -49,8 +50,8 @@ void StatusNotifierWatch::Ask() {
       QDBusMessage::createMethodCall(kService, kPath, "org.freedesktop.DBus.Properties", "Get");
   question.setArguments({kService, kHostProperty});
   question.setAutoStartService(false);
-  question_ =
-      std::make_unique<QDBusPendingCallWatcher>(QDBusConnection::sessionBus().asyncCall(question));
+  question_ = std::make_unique<QDBusPendingCallWatcher>(
+      SessionBus().asyncCall(question, static_cast<int>(kLatestAnswer.count())));
   connect(question_.get(), &QDBusPendingCallWatcher::finished, this,
           [this](const QDBusPendingCallWatcher* call) { Take(*call); });
   patience_.start();
@@ -61,8 +62,7 @@ void StatusNotifierWatch::Take(const QDBusPendingCall& answer) {
   const QDBusPendingReply<QDBusVariant> reply = answer;
   patience_.stop();
   const bool present = reply.isValid() && reply.value().variant().toBool();
-  const bool timedOut = reply.error().type() == QDBusError::NoReply && state_ == Host::Silent;
-  if (!timedOut) Become(present ? Host::Present : Host::Absent);
+  Become(present ? Host::Present : Host::Absent);
 }
 
 void StatusNotifierWatch::BecomeAbsent() {

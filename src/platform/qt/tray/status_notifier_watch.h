@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QDBusPendingCallWatcher>
-#include <QDBusServiceWatcher>
 #include <QObject>
 #include <QTimer>
 #include <memory>
+#include <optional>
+
+#include "platform/qt/tray/bus_name_watch.h"
 
 namespace kestrava {
 
@@ -36,7 +38,7 @@ class StatusNotifierWatch final : public QObject {
   void Take(const QDBusPendingCall& answer);
   void Become(Host state);
 
-  QDBusServiceWatcher watcher_;
+  std::optional<BusNameWatch> watcher_;
   std::unique_ptr<QDBusPendingCallWatcher> question_;
   QTimer patience_;
   Host state_ = Host::Asking;

@@ -21,23 +21,30 @@ TrayIcon::TrayIcon(MakeMenu makeMenu, const QWidget& window)
 
 void TrayIcon::SetIcon(const QIcon& icon) {
   icon_ = icon;
-  if (inTray_) inTray_->setIcon(icon);
+  if (onBus_) onBus_->SetIcon(icon);
+  if (embedded_) embedded_->setIcon(icon);
 }
 
 void TrayIcon::SetTip(const QString& tip) {
   tip_ = tip;
-  if (inTray_) inTray_->setToolTip(tip);
+  if (onBus_) onBus_->SetTip(tip);
+  if (embedded_) embedded_->setToolTip(tip);
   if (standIn_) standIn_->setToolTip(tip.toHtmlEscaped());
 }
 
 QRect TrayIcon::Geometry() const {
   if (standIn_) return {standIn_->mapToGlobal(QPoint()), standIn_->size()};
-  return road_ == Road::Xembed ? inTray_->geometry() : QRect();
+  return embedded_ ? embedded_->geometry() : QRect();
 }
 
 void TrayIcon::LookForTrays() {
-  connect(&statusNotifier_.emplace(), &StatusNotifierWatch::Changed, this, &TrayIcon::Follow);
+  connect(&lateBus_.emplace(), &LateSessionBus::Came, this, &TrayIcon::LookOnBus);
   connect(&xembed_.emplace(), &XembedWatch::Changed, this, &TrayIcon::Follow);
+  LookOnBus();
+}
+
+void TrayIcon::LookOnBus() {
+  connect(&statusNotifier_.emplace(), &StatusNotifierWatch::Changed, this, &TrayIcon::Follow);
   Follow();
 }
 
@@ -47,47 +54,46 @@ void TrayIcon::Follow() {
   if (road == road_) return;
   road_ = road;
   standIn_.reset();
-  inTray_.reset();
+  embedded_.reset();
+  onBus_.reset();
   menu_.reset();
-  if (road == Road::StandIn) {
-    ShowStandIn();
-  } else {
-    ShowInTray(road);
+  switch (road) {
+    case Road::StatusNotifier:
+      return ShowOnBus();
+    case Road::Xembed:
+      return ShowEmbedded();
+    default:
+      return ShowStandIn();
   }
 }
 
 TrayIcon::Road TrayIcon::BestRoad() const {
-  // The toolkit asks once in a process which kind of tray there is, and keeps to it. It waits for
-  // the answer, so it must not be made to ask somebody who doesn't give one.
-  static Road toolkitRoad = Road::None;
   using Host = StatusNotifierWatch::Host;
   const Host host = statusNotifier_->State();
-  Road road = Road::StandIn;
-  if (host == Host::Present && toolkitRoad != Road::Xembed) {
-    road = Road::StatusNotifier;
-  } else if (xembed_->TrayPresent() && toolkitRoad != Road::StatusNotifier &&
-             (host != Host::Silent || toolkitRoad == Road::Xembed)) {
-    road = Road::Xembed;
-  }
-  if (road == Road::StandIn || !QSystemTrayIcon::isSystemTrayAvailable()) return Road::StandIn;
-  toolkitRoad = road;
-  return road;
+  if (host == Host::Present) return Road::StatusNotifier;
+  // The toolkit looks for a host by itself and waits for its answer, so it must not be made to ask
+  // somebody who doesn't give one.
+  const bool mayEmbed = xembed_->TrayPresent() && (host == Host::Absent || embedded_);
+  return mayEmbed && QSystemTrayIcon::isSystemTrayAvailable() ? Road::Xembed : Road::StandIn;
 }
 
-void TrayIcon::ShowInTray(Road road) {
-  inTray_ = std::make_unique<QSystemTrayIcon>(icon_);
-  inTray_->setToolTip(tip_);
-  // A StatusNotifierItem host may draw the menu itself, and some show no icon without one. With an
-  // embedded icon the toolkit would pop up a menu of its own beside ours.
-  if (road == Road::StatusNotifier) {
-    menu_ = makeMenu_();
-    inTray_->setContextMenu(menu_.get());
-  }
-  connect(inTray_.get(), &QSystemTrayIcon::activated, this,
+void TrayIcon::ShowOnBus() {
+  // A host may draw the menu itself, and some show no icon without one.
+  menu_ = makeMenu_();
+  onBus_ = std::make_unique<StatusNotifierItem>(icon_, tip_, menu_.get());
+  connect(onBus_.get(), &StatusNotifierItem::ContextRequested, this, &TrayIcon::ContextRequested);
+  connect(onBus_.get(), &StatusNotifierItem::Taken, this, [this] { standIn_.reset(); });
+  connect(onBus_.get(), &StatusNotifierItem::NotTaken, this, &TrayIcon::ShowStandIn);
+}
+
+void TrayIcon::ShowEmbedded() {
+  embedded_ = std::make_unique<QSystemTrayIcon>(icon_);
+  embedded_->setToolTip(tip_);
+  connect(embedded_.get(), &QSystemTrayIcon::activated, this,
           [this](QSystemTrayIcon::ActivationReason reason) {
             if (reason == QSystemTrayIcon::Context) emit ContextRequested();
           });
-  inTray_->show();
+  embedded_->show();
 }
 
 void TrayIcon::ShowStandIn() {

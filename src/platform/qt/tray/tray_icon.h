@@ -8,7 +8,9 @@
 #include <memory>
 #include <optional>
 
+#include "platform/qt/session_bus.h"
 #include "platform/qt/tray/stand_in_icon.h"
+#include "platform/qt/tray/status_notifier_item.h"
 #include "platform/qt/tray/status_notifier_watch.h"
 #include "platform/qt/tray/xembed_watch.h"
 
@@ -41,9 +43,11 @@ class TrayIcon final : public QObject {
   enum class Road { None, StatusNotifier, Xembed, StandIn };
 
   void LookForTrays();
+  void LookOnBus();
   void Follow();
   Road BestRoad() const;
-  void ShowInTray(Road road);
+  void ShowOnBus();
+  void ShowEmbedded();
   void ShowStandIn();
 
   MakeMenu makeMenu_;
@@ -51,10 +55,12 @@ class TrayIcon final : public QObject {
   QIcon icon_;
   QString tip_;
   Road road_ = Road::None;
+  std::optional<LateSessionBus> lateBus_;
   std::optional<StatusNotifierWatch> statusNotifier_;
   std::optional<XembedWatch> xembed_;
   std::unique_ptr<QMenu> menu_;
-  std::unique_ptr<QSystemTrayIcon> inTray_;
+  std::unique_ptr<StatusNotifierItem> onBus_;
+  std::unique_ptr<QSystemTrayIcon> embedded_;
   std::unique_ptr<StandInIcon> standIn_;
 };
 
