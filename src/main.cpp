@@ -1,10 +1,13 @@
 #include <QApplication>
 #include <QIcon>
+#include <QSessionManager>
 #include <clocale>
 #include <csignal>
 #include <cstdio>
 #include <functional>
+#include <string_view>
 
+#include "help/program_info.h"
 #include "monitor/frmMain.h"
 #include "platform/linux/termination_signals.h"
 #include "platform/qt/linux_desktop.h"
@@ -13,6 +16,35 @@
 namespace {
 
 constexpr int kExitUsage = 2;
+
+constexpr const char* kHelp =
+    "Usage: kestrava [OPTION]\n"
+    "Watch which of your machines can be reached.\n"
+    "\n"
+    "  --help     print this text and end\n"
+    "  --version  print the version and end\n"
+    "\n"
+    "The options of Qt's programs, such as -session and -platform, are taken, too.\n";
+
+/// Answers an argument that needs no display. @return whether it was one.
+bool Answers(std::string_view argument) {
+  if (argument == "--help") {
+    std::fputs(kHelp, stdout);
+  } else if (argument == "--version") {
+    std::printf("%s %s\n", kestrava::kProgramTitle, kestrava::kProgramVersion);
+  } else {
+    return false;
+  }
+  return true;
+}
+
+/// Lets the desktop's session start the program again. The toolkit's own command names the program
+/// as it was called, which says nothing in another folder.
+void SetRestartCommand(QSessionManager& session) {
+  session.setRestartHint(QSessionManager::RestartIfRunning);
+  session.setRestartCommand({QCoreApplication::applicationFilePath(), QStringLiteral("-session"),
+                             session.sessionId() + '_' + session.sessionKey()});
+}
 
 QIcon ProgramIcon() {
   QIcon icon;
@@ -27,9 +59,8 @@ QIcon ProgramIcon() {
 int main(int argc, char* argv[]) {
   using namespace kestrava;
 
-  if (argc > 1) {
-    std::fputs("kestrava: takes no arguments\n", stderr);
-    return kExitUsage;
+  for (int i = 1; i < argc; ++i) {
+    if (Answers(argv[i])) return 0;
   }
 
   // A file that may grow no further, or a reader of standard error that has gone, is an error of
@@ -43,6 +74,11 @@ int main(int argc, char* argv[]) {
   QApplication::setDesktopFileName(QStringLiteral("kestrava"));
   WithholdSilentSessionBus();
   QApplication application(argc, argv);
+  // The toolkit has taken the arguments that are its own.
+  if (argc > 1) {
+    std::fprintf(stderr, "kestrava: unknown argument %s\n", argv[1]);
+    return kExitUsage;
+  }
   // The application object has just taken over the user's locale. Dates follow it, but numbers in
   // stored texts always have a point.
   std::setlocale(LC_NUMERIC, "C");
@@ -56,6 +92,10 @@ int main(int argc, char* argv[]) {
   desktop.NotificationArea().ExportMenu(mainWindow, mainWindow.mnufile, mainWindow.mnuFileRestore);
   unloadMainWindow = [&] { desktop.Windows().Unload(mainWindow); };
   desktop.EventLoop().Watch(terminationSignals);
+  for (const auto request :
+       {&QGuiApplication::commitDataRequest, &QGuiApplication::saveStateRequest}) {
+    QObject::connect(&application, request, &SetRestartCommand);
+  }
   QObject::connect(&desktop.EventLoop(), &QtEventLoop::Ended, &application,
                    [] { QApplication::exit(); });
 
