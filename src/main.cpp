@@ -66,6 +66,8 @@ int main(int argc, char* argv[]) {
   // A file that may grow no further, or a reader of standard error that has gone, is an error of
   // the write that meets it. Programs that are started find every signal as it is by default.
   for (const int signal : {SIGXFSZ, SIGPIPE}) std::signal(signal, SIG_IGN);
+  // A parent that ignores it hands that down, and nobody could wait for a program's end any more.
+  std::signal(SIGCHLD, SIG_DFL);
   std::function<void()> unloadMainWindow;
   TerminationSignals terminationSignals([&unloadMainWindow] { unloadMainWindow(); });
 

@@ -1,7 +1,5 @@
 #include "platform/linux/browser_program.h"
 
-#include <algorithm>
-#include <cctype>
 #include <cstdlib>
 #include <gio/gio.h>
 #include <memory>
@@ -12,6 +10,8 @@
 namespace kestrava {
 namespace {
 
+using Command = std::vector<std::string>;
+
 /// Gives back what GLib handed out.
 struct Release {
   void operator()(GAppInfo* handler) const { g_object_unref(handler); }
@@ -19,51 +19,66 @@ struct Release {
   void operator()(char** words) const { g_strfreev(words); }
 };
 
-/// "%u" and its like, which stand for the address (freedesktop.org, Desktop Entry, "The Exec key"),
-/// or "%s" in $BROWSER.
-bool IsFieldCode(std::string_view word) {
-  return word.size() == 2 && word[0] == '%' && std::isalpha(static_cast<unsigned char>(word[1]));
-}
-
-bool CanBeLeftOut(std::string_view word) { return word.starts_with('-') || IsFieldCode(word); }
-
-/// The path of a command's program, or nothing if the command can't be told by a path. GIO has a
-/// function of its own for the program of a handler, but it ends a quoted path at its first blank.
-std::optional<std::string> ProgramOf(const std::string& command) {
+/// The words of a command line, or nothing if it isn't one or its program can't be told by a path.
+/// GIO has a function of its own for the program of a handler, but it ends a quoted path at its
+/// first blank.
+Command WordsOf(const char* commandLine) {
   int count = 0;
   char** parsed = nullptr;
-  if (!g_shell_parse_argv(command.c_str(), &count, &parsed, nullptr)) return std::nullopt;
+  if (!g_shell_parse_argv(commandLine, &count, &parsed, nullptr)) return {};
   const std::unique_ptr<char*, Release> owner(parsed);
+  const std::unique_ptr<char, Release> path(g_find_program_in_path(*parsed));
+  if (!path || std::string_view(path.get()).find('"') != std::string_view::npos) return {};
   const std::span<char*> words(parsed, static_cast<std::size_t>(count));
-  if (!std::ranges::all_of(words.subspan(1), CanBeLeftOut)) return std::nullopt;
-  const std::unique_ptr<char, Release> path(g_find_program_in_path(words.front()));
-  if (!path || std::string_view(path.get()).find('"') != std::string_view::npos) {
-    return std::nullopt;
-  }
-  return path.get();
+  Command command(words.begin(), words.end());
+  command.front() = path.get();
+  return command;
 }
 
-/// The command of the program that the desktop opens http pages with; empty if it has none.
-std::string DesktopHandler() {
-  const std::unique_ptr<GAppInfo, Release> handler(g_app_info_get_default_for_uri_scheme("http"));
-  const char* command = handler ? g_app_info_get_commandline(handler.get()) : nullptr;
-  return command ? command : "";
+Command OfHandler(GAppInfo* handler) {
+  const char* commandLine = g_app_info_get_commandline(handler);
+  Command command = commandLine ? WordsOf(commandLine) : Command{};
+  // It finds the handler by itself, and knows the other ways of starting one.
+  return command.empty() ? WordsOf("xdg-open") : command;
 }
 
 }  // namespace
 
-std::optional<std::string> FindBrowserProgram() {
-  const std::string handler = DesktopHandler();
-  if (auto path = ProgramOf(handler)) return path;
+std::vector<std::string> FindBrowser() {
+  const std::unique_ptr<GAppInfo, Release> handler(g_app_info_get_default_for_uri_scheme("http"));
+  if (handler) return OfHandler(handler.get());
   if (const char* list = std::getenv("BROWSER")) {
     std::istringstream commands(list);
-    for (std::string command; std::getline(commands, command, ':');) {
-      if (auto path = ProgramOf(command)) return path;
+    for (std::string line; std::getline(commands, line, ':');) {
+      if (Command command = WordsOf(line.c_str()); !command.empty()) return command;
     }
   }
-  if (auto path = ProgramOf("x-www-browser")) return path;
-  // It finds the handler by itself, and knows the words that go with it.
-  return handler.empty() ? std::nullopt : ProgramOf("xdg-open");
+  return WordsOf("x-www-browser");
+}
+
+std::vector<std::string> WithAddress(const std::vector<std::string>& command,
+                                     const std::string& address) {
+  Command words;
+  bool hasPlace = false;
+  for (const std::string& word : command) {
+    std::string text;
+    for (std::size_t i = 0; i < word.size(); ++i) {
+      if (word[i] != '%' || i + 1 == word.size() || words.empty()) {
+        text += word[i];
+        continue;
+      }
+      // freedesktop.org, Desktop Entry, "The Exec key"; "%s" stands in $BROWSER.
+      const char code = word[++i];
+      const bool isPlace = std::string_view("uUfFs").find(code) != std::string_view::npos;
+      if (isPlace) text += address;
+      if (code == '%') text += code;
+      hasPlace = hasPlace || isPlace;
+    }
+    // A word that was nothing but a code for something else, such as the icon, is left out.
+    if (!text.empty() || word.empty()) words.push_back(std::move(text));
+  }
+  if (!hasPlace) words.push_back(address);
+  return words;
 }
 
 }  // namespace kestrava

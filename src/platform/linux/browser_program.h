@@ -1,12 +1,18 @@
 #pragma once
 
-#include <optional>
 #include <string>
+#include <vector>
 
 namespace kestrava {
 
-/// The absolute path of a program that is there, may be run, and shows the page whose address is
-/// its one argument; nothing if the user has none. The path holds no double quote.
-std::optional<std::string> FindBrowserProgram();
+/// The command of the program that shows the user's web pages, word by word, the absolute path of
+/// the program first; empty if the user has none. The path holds no double quote, and its file is
+/// there and may be run.
+std::vector<std::string> FindBrowser();
+
+/// The same command with `address` in the place, or the places, that it has for one; as its last
+/// word if it has none.
+std::vector<std::string> WithAddress(const std::vector<std::string>& command,
+                                     const std::string& address);
 
 }  // namespace kestrava

@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "platform/linux/browser_program.h"
 #include "platform/linux/child_program.h"
 #include "platform/runtime_error.h"
 
@@ -19,8 +20,10 @@ void LinuxProcesses::Start(const std::string& commandLine) {
   constexpr const char* kPathEnd = "\" ";
   const auto end = commandLine.find(kPathEnd, 1);
   if (end == commandLine.npos || commandLine.front() != '"') Fail(EINVAL);
-  std::string words[] = {commandLine.substr(1, end - 1),
-                         commandLine.substr(end + std::strlen(kPathEnd))};
+  const std::string path = commandLine.substr(1, end - 1);
+  auto command = FindBrowser();
+  if (command.empty() || command.front() != path) command = {path};
+  auto words = WithAddress(command, commandLine.substr(end + std::strlen(kPathEnd)));
 
   // The program's parent is a helper that ends at once and tells by its exit status, in which every
   // error number of Linux has room, what came of the start. The system then takes the orphan over,

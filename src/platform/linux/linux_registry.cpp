@@ -22,10 +22,10 @@ std::size_t Room(std::int32_t length, std::size_t size) {
 std::int32_t LinuxRegistry::RegOpenKeyExA(std::int32_t key, const std::string& name, std::int32_t,
                                           std::int32_t, std::int32_t& opened) {
   if (key != HKEY_CLASSES_ROOT || name != kBrowserKey) return ERROR_FILE_NOT_FOUND;
-  const auto path = FindBrowserProgram();
-  if (!path) return ERROR_FILE_NOT_FOUND;
+  const auto command = FindBrowser();
+  if (command.empty()) return ERROR_FILE_NOT_FOUND;
   opened = ++lastHandle_;
-  open_.emplace(opened, '"' + *path + '"');
+  open_.emplace(opened, '"' + command.front() + '"');
   return ERROR_SUCCESS;
 }
 

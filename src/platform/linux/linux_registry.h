@@ -9,12 +9,10 @@ namespace kestrava {
 
 /// Answers the one key that names the user's browser, `http\shell\open\command` below
 /// HKEY_CLASSES_ROOT. Its one value is nameless and holds the browser's absolute path in double
-/// quotes. The browser is looked up when the key is opened: the desktop's default handler of http
-/// pages, then the programs of $BROWSER, then `x-www-browser`.
-///
-/// A command that needs words behind its program (`flatpak run NAME`, `env NAME=VALUE browser`)
-/// can't be told by a path and is passed over; options are dropped. Where nothing else is left for
-/// such a handler, `xdg-open` stands for it.
+/// quotes; the words that go with it come back when `LinuxProcesses` starts it. The browser is
+/// looked up when the key is opened: the desktop's default handler of http pages; where there is
+/// none, the first of the programs of $BROWSER that is there; then `x-www-browser`. For a handler
+/// whose command can't be told by a path, `xdg-open` stands.
 class LinuxRegistry final : public Registry {
  public:
   /// @return ERROR_FILE_NOT_FOUND for any other key, and where there is no browser.
