@@ -4,10 +4,12 @@
 #include <clocale>
 #include <csignal>
 #include <cstdio>
+#include <filesystem>
 #include <functional>
 #include <string_view>
 
 #include "help/program_info.h"
+#include "help/web_pages.h"
 #include "monitor/frmMain.h"
 #include "platform/linux/termination_signals.h"
 #include "platform/qt/linux_desktop.h"
@@ -36,6 +38,16 @@ bool Answers(std::string_view argument) {
     return false;
   }
   return true;
+}
+
+/// Shows the manual that was installed with the program, or that of the sources in the folder where
+/// it was built, while the web site's host is one that nobody can have (RFC 2606).
+void ShowManualWithoutWebSite(kestrava::LinuxDesktop& desktop) {
+  if (!std::string_view(kestrava::kWebHost).ends_with(".example")) return;
+  const std::filesystem::path folder = desktop.Services().programFolder;
+  for (const char* manual : {"web/KVManual.html", "../share/kestrava/manual/KVManual.html"}) {
+    desktop.Programs().ShowInstead(kestrava::ManualUrl(), folder / manual);
+  }
 }
 
 /// Lets the desktop's session start the program again. The toolkit's own command names the program
@@ -90,6 +102,7 @@ int main(int argc, char* argv[]) {
   QApplication::setWindowIcon(ProgramIcon());
 
   LinuxDesktop desktop;
+  ShowManualWithoutWebSite(desktop);
   frmMain mainWindow(desktop.Services());
   desktop.NotificationArea().ExportMenu(mainWindow, mainWindow.mnufile, mainWindow.mnuFileRestore);
   unloadMainWindow = [&] { desktop.Windows().Unload(mainWindow); };

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <filesystem>
+#include <string>
+#include <vector>
+
 #include "platform/processes.h"
 
 namespace kestrava {
@@ -13,6 +17,19 @@ class LinuxProcesses final : public Processes {
  public:
   /// @throws RuntimeError (a number of errno.h) also if `commandLine` has another form.
   void Start(const std::string& commandLine) override;
+
+  /// From now on a program that is to show the page at `url` gets `file` in its place, while that
+  /// can be read. Of several files for one page the first counts.
+  void ShowInstead(const std::string& url, const std::filesystem::path& file);
+
+ private:
+  struct Page {
+    std::string url;
+    std::filesystem::path file;
+  };
+  std::string AddressFor(const std::string& url) const;
+
+  std::vector<Page> pages_;
 };
 
 }  // namespace kestrava

@@ -31,6 +31,7 @@ class LinuxDesktop {
   /// They last as long as the desktop.
   Platform Services();
 
+  LinuxProcesses& Programs() { return processes_; }
   QtEventLoop& EventLoop() { return eventLoop_; }
   QtWindowSystem& Windows() { return windows_; }
   QtNotificationArea& NotificationArea() { return notificationArea_; }
