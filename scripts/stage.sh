@@ -113,3 +113,15 @@ start_display() {
   mkdir -m 700 "$XDG_CONFIG_HOME" "$XDG_RUNTIME_DIR"
   unset WAYLAND_DISPLAY
 }
+
+# The same with a Wayland compositor that has neither a screen nor a seat.
+start_compositor() {
+  export XDG_RUNTIME_DIR=$stage_folder WAYLAND_DISPLAY=compositor QT_QPA_PLATFORM=wayland
+  # The toolkit's usual way of input would ask the compositor's seat.
+  export QT_IM_MODULE=compose
+  unset DISPLAY
+  weston --backend=headless-backend.so --socket="$WAYLAND_DISPLAY" --no-config \
+    >"$stage_folder/weston.log" 2>&1 &
+  stage_processes+=($!)
+  wait_for 20 "the compositor" test -S "$XDG_RUNTIME_DIR/$WAYLAND_DISPLAY"
+}

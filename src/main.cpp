@@ -12,6 +12,7 @@
 #include "help/web_pages.h"
 #include "monitor/frmMain.h"
 #include "platform/linux/termination_signals.h"
+#include "platform/qt/display_loss.h"
 #include "platform/qt/linux_desktop.h"
 #include "platform/qt/session_bus.h"
 
@@ -104,6 +105,7 @@ int main(int argc, char* argv[]) {
   LinuxDesktop desktop;
   ShowManualWithoutWebSite(desktop);
   frmMain mainWindow(desktop.Services());
+  const DisplayLoss displayLoss([&mainWindow] { mainWindow.StoreLastListFile(); });
   desktop.NotificationArea().ExportMenu(mainWindow, mainWindow.mnufile, mainWindow.mnuFileRestore);
   unloadMainWindow = [&] { desktop.Windows().Unload(mainWindow); };
   desktop.EventLoop().Watch(terminationSignals);

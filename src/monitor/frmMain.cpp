@@ -81,9 +81,7 @@ void frmMain::Form_Resize() {
 
 void frmMain::Form_Unload() {
   check_ = {};
-  if (!state_.LastListFile.empty()) {
-    WriteText(platform_.settings, kLastListFile, state_.LastListFile);
-  }
+  StoreLastListFile();
   icon_.TrayIconRemove();
   popup_.UnhookTrayMessages(popup_.Handle());
 }
@@ -168,6 +166,12 @@ void frmMain::mnuHelpAbout_Click() {
 }
 
 void frmMain::RestoreWindow() { mnuFileRestore_Click(); }
+
+void frmMain::StoreLastListFile() {
+  if (!state_.LastListFile.empty()) {
+    WriteText(platform_.settings, kLastListFile, state_.LastListFile);
+  }
+}
 
 Task<> frmMain::Check() {
   try {

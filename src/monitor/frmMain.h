@@ -59,6 +59,10 @@ class frmMain : public Form {
   /// Brings the window back from the notification area.
   void RestoreWindow();
 
+  /// Stores which list the next start may load; part of the unload, and all of it where the process
+  /// ends without one.
+  void StoreLastListFile();
+
  private:
   void Form_Load();
   void Form_Resize();
