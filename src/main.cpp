@@ -29,6 +29,24 @@ constexpr const char* kHelp =
     "\n"
     "The options of Qt's programs, such as -session and -platform, are taken, too.\n";
 
+/// The toolkit ends at the end of the desktop's session if every window lets itself be closed,
+/// which a dialog doesn't while the program waits for it. This one unloads the main window instead.
+class Application final : public QApplication {
+ public:
+  Application(int& argc, char* argv[], const std::function<void()>& unloadMainWindow)
+      : QApplication(argc, argv), unloadMainWindow_(unloadMainWindow) {}
+
+ protected:
+  bool event(QEvent* event) override {
+    if (event->type() != QEvent::Quit || !unloadMainWindow_) return QApplication::event(event);
+    unloadMainWindow_();
+    return true;
+  }
+
+ private:
+  const std::function<void()>& unloadMainWindow_;
+};
+
 /// Answers an argument that needs no display. @return whether it was one.
 bool Answers(std::string_view argument) {
   if (argument == "--help") {
@@ -88,7 +106,7 @@ int main(int argc, char* argv[]) {
   QApplication::setApplicationName(QStringLiteral("Kestrava"));
   QApplication::setDesktopFileName(QStringLiteral("kestrava"));
   WithholdSilentSessionBus();
-  QApplication application(argc, argv);
+  Application application(argc, argv, unloadMainWindow);
   // The toolkit has taken the arguments that are its own.
   if (argc > 1) {
     std::fprintf(stderr, "kestrava: unknown argument %s\n", argv[1]);
@@ -119,7 +137,5 @@ int main(int argc, char* argv[]) {
   desktop.Windows().Load(mainWindow);
   if (!mainWindow.State().InTray) desktop.Windows().Show(mainWindow);
   if (!desktop.EventLoop().HasEnded()) QApplication::exec();
-  // The end of the desktop session ends the loop without unloading anything.
-  desktop.Windows().Unload(mainWindow);
   return 0;
 }
