@@ -43,7 +43,7 @@ std::string ValueIn(std::string_view address, std::string_view key) {
 
 /// A socket's path as the system takes it, an abstract one with a NUL in front; or nothing.
 std::string PathIn(std::string_view address) {
-  if (const std::string path = ValueIn(address, "path"); !path.empty()) return path;
+  if (std::string path = ValueIn(address, "path"); !path.empty()) return path;
   if (const std::string name = ValueIn(address, "abstract"); !name.empty()) return '\0' + name;
   const char* folder = std::getenv("XDG_RUNTIME_DIR");
   if (!folder || (!address.empty() && ValueIn(address, "runtime") != "yes")) return {};

@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QEventLoop>
+#include <ranges>
 
 namespace kestrava {
 
@@ -31,10 +32,11 @@ ModalWaits::Wait::~Wait() {
 }
 
 void ModalWaits::Hide() {
-  for (auto open = open_.rbegin(); open != open_.rend(); ++open) {
-    if (!open->window->isVisible()) continue;
-    open->hiddenAt = open->window->pos();
-    open->window->hide();
+  // The topmost first, as each belongs to the one below it.
+  for (Open& open : open_ | std::views::reverse) {
+    if (!open.window->isVisible()) continue;
+    open.hiddenAt = open.window->pos();
+    open.window->hide();
   }
 }
 

@@ -78,8 +78,13 @@ NativeWindow::NativeWindow(Form& form, QWidget* owner)
 }
 
 QSize NativeWindow::OuterSize() const {
-  const QWidget* framed = everShown_ ? widget_ : widget_->parentWidget();
-  return framed ? widget_->size().grownBy(FrameOf(*framed)) : widget_->size();
+  QMargins frame;
+  if (everShown_) {
+    frame = FrameOf(*widget_);
+  } else if (const QWidget* owner = widget_->parentWidget()) {
+    frame = FrameOf(*owner);
+  }
+  return widget_->size().grownBy(frame);
 }
 
 void NativeWindow::Detach() {
