@@ -2,7 +2,7 @@
 
 #include <QEvent>
 #include <QEventLoop>
-#include <ranges>
+#include <algorithm>
 
 namespace kestrava {
 
@@ -33,11 +33,11 @@ ModalWaits::Wait::~Wait() {
 
 void ModalWaits::Hide() {
   // The topmost first, as each belongs to the one below it.
-  for (Open& open : open_ | std::views::reverse) {
-    if (!open.window->isVisible()) continue;
+  std::for_each(open_.rbegin(), open_.rend(), [](Open& open) {
+    if (!open.window->isVisible()) return;
     open.hiddenAt = open.window->pos();
     open.window->hide();
-  }
+  });
 }
 
 void ModalWaits::Show() {
