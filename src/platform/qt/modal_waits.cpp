@@ -4,6 +4,8 @@
 #include <QEventLoop>
 #include <algorithm>
 
+#include "platform/qt/frame_place.h"
+
 namespace kestrava {
 
 int ModalWaits::Ask(QDialog& dialog) {
@@ -28,6 +30,11 @@ ModalWaits::Wait::Wait(ModalWaits& waits, QWidget& window) : waits_(waits), wind
 ModalWaits::Wait::~Wait() {
   window_.removeEventFilter(&waits_);
   std::erase_if(waits_.open_, [this](const Open& open) { return open.window == &window_; });
+  // At the end of the program one above may be left, which must not go with this one.
+  for (const Open& open : waits_.open_) {
+    if (open.window->parentWidget() != &window_) continue;
+    open.window->setParent(waits_.mainWindow_, open.window->windowFlags());
+  }
   if (waits_.open_.empty()) emit waits_.Waiting(false);
 }
 
@@ -35,7 +42,7 @@ void ModalWaits::Hide() {
   // The topmost first, as each belongs to the one below it.
   std::for_each(open_.rbegin(), open_.rend(), [](Open& open) {
     if (!open.window->isVisible()) return;
-    open.hiddenAt = open.window->pos();
+    open.hiddenAt = FramePlaceOf(*open.window);
     open.window->hide();
   });
 }
@@ -45,7 +52,7 @@ void ModalWaits::Show() {
     QWidget& window = *open.window;
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
     if (window.isVisible()) continue;
-    if (open.hiddenAt) window.move(*open.hiddenAt);
+    if (open.hiddenAt) PutFrameAt(window, *open.hiddenAt);
     window.show();
   }
   BringToFront();

@@ -62,7 +62,7 @@ class ModalWaits final : public QObject {
  private:
   struct Open {
     QWidget* window;
-    std::optional<QPoint> hiddenAt;  ///< where it was when it was hidden
+    std::optional<QPoint> hiddenAt;  ///< where its frame was when it was hidden
   };
 
   QtEventLoop& eventLoop_;

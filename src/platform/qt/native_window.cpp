@@ -13,6 +13,7 @@
 #include <QWindow>
 #include <algorithm>
 
+#include "platform/qt/frame_place.h"
 #include "platform/qt/native_controls.h"
 #include "platform/qt/native_menu.h"
 #include "platform/qt/native_timer.h"
@@ -226,16 +227,13 @@ void NativeWindow::ShowVisibility() {
   if (shown_ == form_->Visible()) return;
   shown_ = form_->Visible();
   if (!shown_) {
-    if (widget_->windowHandle()) hiddenAt_ = widget_->windowHandle()->framePosition();
+    if (widget_->windowHandle()) hiddenAt_ = FramePlaceOf(*widget_);
     widget_->hide();
     emit Hidden();
     return;
   }
   if (hiddenAt_) {
-    // The place is the frame's, for every window manager. The toolkit alone would give the one
-    // inside the frame, which not all of them understand, unless its widget is there already.
-    widget_->setGeometry({*hiddenAt_, widget_->size()});
-    widget_->windowHandle()->setFramePosition(*hiddenAt_);
+    PutFrameAt(*widget_, *hiddenAt_);
   } else {
     // Its tables have got their columns meanwhile.
     Arrange();
