@@ -41,31 +41,23 @@ Task<std::string> ResultOf(Task<std::string> operation) {
   }
 }
 
-/// Goes through the cells of all connections, row by row.
-template <typename Use>
-void ForEachCell(MSFlexGrid& grid, Use use) {
+/// The whole list. Its last line has no line end yet.
+std::string ListText(MSFlexGrid& grid) {
+  // A long text that grows is copied again and again.
+  std::size_t bytes = kMagicLine.size();
+  for (std::int32_t row = kHeadingRow + 1; row < grid.Rows(); ++row) {
+    bytes += kLineEnd.size() + grid.TextSizeAt(row) + kColumnCount * kSeparator.size();
+  }
+  std::string text;
+  text.reserve(bytes);
+  text += kMagicLine;
   for (std::int32_t row = kHeadingRow + 1; row < grid.Rows(); ++row) {
     grid.SetRow(row);
     for (std::int32_t col = kNameColumn; col < grid.Cols(); ++col) {
       grid.SetCol(col);
-      use(grid.TextView(), col == kNameColumn ? kLineEnd : kSeparator);
+      text.append(col == kNameColumn ? kLineEnd : kSeparator).append(grid.TextView());
     }
   }
-}
-
-/// The whole list. Its last line has no line end yet.
-std::string ListText(MSFlexGrid& grid) {
-  // A long text that grows is copied again and again.
-  std::size_t bytes = kMagicLine.size() + kLineEnd.size();
-  ForEachCell(grid, [&bytes](std::string_view cell, std::string_view ahead) {
-    bytes += ahead.size() + cell.size();
-  });
-  std::string text;
-  text.reserve(bytes);
-  text += kMagicLine;
-  ForEachCell(grid, [&text](std::string_view cell, std::string_view ahead) {
-    text.append(ahead).append(cell);
-  });
   return text;
 }
 

@@ -107,6 +107,8 @@ class MSFlexGrid : public Control {
   std::string_view TextViewAt(std::int32_t row, std::int32_t col) const {
     return RowAt(row).Text(static_cast<std::size_t>(col));
   }
+  /// The bytes of all texts of a row.
+  std::size_t TextSizeAt(std::int32_t row) const { return RowAt(row).TextSize(); }
   Color BackColorAt(std::int32_t row, std::int32_t col) const;
 
   /// Sets the one view; nullptr takes it away.

@@ -29,6 +29,9 @@ class GridRow {
   /// @throws RuntimeError (6) if the row's texts would take 4 GiB or more together.
   void SetText(std::size_t col, std::string_view text);
 
+  /// Of all its texts together, in bytes.
+  std::size_t TextSize() const { return TextBegin(cols_) - HeadsSize(); }
+
   Color BackColor(std::size_t col) const { return Heads()[col].backColor; }
   void SetBackColor(std::size_t col, Color color) { Heads()[col].backColor = color; }
 

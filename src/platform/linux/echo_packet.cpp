@@ -9,7 +9,7 @@ namespace {
 /// Type, code, checksum, identifier and sequence.
 constexpr std::size_t kHeaderSize = 8;
 
-void PutNumber(std::vector<std::uint8_t>& bytes, std::size_t offset, std::uint16_t number) {
+void PutNumber(std::span<std::uint8_t> bytes, std::size_t offset, std::uint16_t number) {
   bytes[offset] = static_cast<std::uint8_t>(number >> 8);
   bytes[offset + 1] = static_cast<std::uint8_t>(number & 0xFF);
 }
@@ -62,8 +62,10 @@ EchoStatus StatusOfUnreachable(std::uint8_t code) {
 
 }  // namespace
 
-std::vector<std::uint8_t> BuildEchoRequest(const EchoRequest& request) {
-  std::vector<std::uint8_t> message(kHeaderSize + request.payload.size());
+std::span<const std::uint8_t> BuildEchoRequest(const EchoRequest& request,
+                                               std::span<std::uint8_t> room) {
+  const auto message = room.first(kHeaderSize + request.payload.size());
+  std::ranges::fill(message, std::uint8_t{0});
   message[0] = ICMP_ECHO;
   PutNumber(message, 4, request.identifier.value_or(0));
   PutNumber(message, 6, request.sequence);

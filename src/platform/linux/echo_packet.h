@@ -4,7 +4,6 @@
 #include <optional>
 #include <span>
 #include <string_view>
-#include <vector>
 
 #include "platform/icmp.h"
 
@@ -25,8 +24,10 @@ struct EchoOutcome {
   std::uint8_t timeToLive = 0;  ///< of the reply; 0 where it isn't known
 };
 
-/// The ICMP message of the request (RFC 792, "Echo or Echo Reply Message").
-std::vector<std::uint8_t> BuildEchoRequest(const EchoRequest& request);
+/// Puts the ICMP message of the request (RFC 792, "Echo or Echo Reply Message") into `room`, which
+/// must hold the payload and 8 bytes more. @return the part of `room` that it takes.
+std::span<const std::uint8_t> BuildEchoRequest(const EchoRequest& request,
+                                               std::span<std::uint8_t> room);
 
 /// Whether the ICMP message that `sender` (in memory: network byte order) sent is the reply to
 /// `request`: type, code, checksum, identifier, sequence, payload and sender all match.

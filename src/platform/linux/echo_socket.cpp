@@ -100,7 +100,8 @@ std::optional<EchoOutcome> EchoSocket::TakeOutcome(const EchoRequest& request) c
 
 /// @return 0, or the number of the error.
 int EchoSocket::Send(const EchoRequest& request) const {
-  const auto message = BuildEchoRequest(request);
+  std::array<std::uint8_t, kPacketSize> room;
+  const auto message = BuildEchoRequest(request, room);
   sockaddr_in destination{};
   destination.sin_family = AF_INET;
   destination.sin_addr.s_addr = request.address;

@@ -14,6 +14,8 @@ namespace {
 constexpr IcmpHandle kNoHandle = 0;
 constexpr std::int32_t kNoRoundTrip = 10000;
 
+Task<EchoOutcome> Ended(EchoStatus status) { co_return EchoOutcome{status}; }
+
 /// The kind of socket is allowed, but there is none left to be had.
 bool IsShortage(int error) {
   return error == EMFILE || error == ENFILE || error == ENOMEM || error == ENOBUFS;
@@ -39,7 +41,8 @@ IcmpHandle LinuxIcmp::IcmpCreateFile() {
     }
   }
   if (!socket) preferred_ = EchoSocketKind::Datagram;
-  open_.emplace(++lastHandle_, std::move(socket));
+  open_.push_back(
+      {++lastHandle_, socket ? std::make_unique<EchoSocket>(std::move(*socket)) : nullptr});
   return lastHandle_;
 }
 
@@ -74,18 +77,18 @@ Task<std::uint32_t> LinuxIcmp::IcmpSendEcho(IcmpHandle handle, std::int32_t addr
 
 Task<EchoOutcome> LinuxIcmp::Send(IcmpHandle handle, EchoRequest request,
                                   std::chrono::milliseconds timeout) {
-  if (!IsMachineAddress(request.address)) co_return EchoOutcome{kEchoBadDestination};
-  const auto found = open_.find(handle);
-  if (found == open_.end()) co_return EchoOutcome{kEchoNoResources};
-  const auto& socket = found->second;
-  if (socket) {
-    co_return co_await socket->Exchange(request, std::chrono::steady_clock::now() + timeout,
-                                        waits_);
+  if (!IsMachineAddress(request.address)) return Ended(kEchoBadDestination);
+  const auto found = std::ranges::find(open_, handle, &Open::handle);
+  if (found == open_.end()) return Ended(kEchoNoResources);
+  if (found->socket) {
+    return found->socket->Exchange(request, std::chrono::steady_clock::now() + timeout, waits_);
   }
-  if (request.payload.size() > kLongestPingPayload) co_return EchoOutcome{kEchoGeneralFailure};
-  co_return co_await SendEchoByPing(request, timeout, waits_);
+  if (request.payload.size() > kLongestPingPayload) return Ended(kEchoGeneralFailure);
+  return SendEchoByPing(request, timeout, waits_);
 }
 
-bool LinuxIcmp::IcmpCloseHandle(IcmpHandle handle) { return open_.erase(handle) == 1; }
+bool LinuxIcmp::IcmpCloseHandle(IcmpHandle handle) {
+  return std::erase_if(open_, [handle](const Open& open) { return open.handle == handle; }) == 1;
+}
 
 }  // namespace kestrava

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <optional>
-#include <unordered_map>
+#include <memory>
+#include <vector>
 
 #include "platform/icmp.h"
 #include "platform/linux/descriptor_waits.h"
@@ -31,8 +31,12 @@ class LinuxIcmp final : public IcmpService {
   Task<EchoOutcome> Send(IcmpHandle handle, EchoRequest request, std::chrono::milliseconds timeout);
 
   DescriptorWaits& waits_;
-  /// By handle; nothing stands for the `ping` program.
-  std::unordered_map<IcmpHandle, std::optional<EchoSocket>> open_;
+  struct Open {
+    IcmpHandle handle;
+    std::unique_ptr<EchoSocket> socket;  ///< nothing stands for the `ping` program
+  };
+
+  std::vector<Open> open_;  ///< one, as a rule
   IcmpHandle lastHandle_ = 0;
   /// The first kind of socket to try: one that the system has refused isn't tried on every echo.
   EchoSocketKind preferred_ = EchoSocketKind::Datagram;
