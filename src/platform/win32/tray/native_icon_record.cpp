@@ -1,0 +1,92 @@
+#include "platform/win32/tray/native_icon_record.h"
+
+#include <algorithm>
+#include <cwctype>
+#include <string>
+#include <string_view>
+
+#include "platform/win32/program_icon.h"
+#include "platform/win32/wide_text.h"
+
+namespace kestrava {
+
+namespace {
+
+// See RFC 3629, section 3, for how UTF-8 marks the first byte of a character and those after it.
+constexpr unsigned kMostContinuations = 3;
+
+bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
+
+std::size_t LengthOf(char firstByte) {
+  const auto byte = static_cast<unsigned char>(firstByte);
+  if (byte >= 0xF0) return 4;
+  if (byte >= 0xE0) return 3;
+  return byte >= 0xC0 ? 2 : 1;
+}
+
+std::string_view WithoutCutCharacter(std::string_view text) {
+  std::size_t after = 0;
+  while (after < text.size() && after < kMostContinuations &&
+         IsContinuation(text[text.size() - 1 - after])) {
+    ++after;
+  }
+  if (after == text.size()) return text;
+  const std::size_t start = text.size() - 1 - after;
+  return LengthOf(text[start]) > after + 1 ? text.substr(0, start) : text;
+}
+
+/// Puts the part of a text field that lies within the record into the system's own field.
+template <std::size_t kWidth, std::size_t kNativeWidth>
+void Translate(const NOTIFYICONDATA& record, const char (&field)[kWidth],
+               wchar_t (&native)[kNativeWidth]) {
+  const auto offset = static_cast<std::size_t>(field - reinterpret_cast<const char*>(&record));
+  const auto size = static_cast<std::size_t>(record.cbSize);
+  if (size <= offset) return;
+  const std::string_view readable(field, std::min(kWidth, size - offset));
+  const std::size_t end = readable.find('\0');
+  std::wstring text = ToWide(end == std::string_view::npos ? WithoutCutCharacter(readable)
+                                                           : readable.substr(0, end));
+  std::ranges::replace_if(
+      text, [](wchar_t letter) { return std::iswcntrl(letter) && letter != L'\n'; }, L' ');
+  native[text.copy(native, kNativeWidth - 1)] = L'\0';
+}
+
+template <std::size_t kWidth>
+void Copy(const char (&from)[kWidth], char (&to)[kWidth]) {
+  std::ranges::copy(from, to);
+}
+
+}  // namespace
+
+bool KnownIconRecord(const NOTIFYICONDATA& record) {
+  return record.cbSize == kNotifyIconSizeWhole || record.cbSize == kNotifyIconSizeWithBalloon ||
+         record.cbSize == kNotifyIconSizeIconOnly;
+}
+
+NOTIFYICONDATAW NativeIconRecord(const NOTIFYICONDATA& record, HWND window) {
+  NOTIFYICONDATAW native{};
+  native.cbSize = sizeof(native);
+  native.hWnd = window;
+  native.uID = static_cast<UINT>(record.uID);
+  native.uFlags = static_cast<UINT>(record.uFlags & (NIF_MESSAGE | NIF_ICON | NIF_TIP | NIF_INFO));
+  native.uCallbackMessage = kNativeCallback;
+  if (record.uFlags & NIF_ICON) native.hIcon = ProgramIcon(IconSize::Small);
+  if (record.uFlags & NIF_TIP) Translate(record, record.szTip, native.szTip);
+  if (record.cbSize < kNotifyIconSizeWithBalloon) {
+    native.uFlags &= ~static_cast<UINT>(NIF_INFO);
+  } else if (record.uFlags & NIF_INFO) {
+    Translate(record, record.szInfo, native.szInfo);
+    Translate(record, record.szInfoTitle, native.szInfoTitle);
+    native.dwInfoFlags = static_cast<DWORD>(record.dwInfoFlags);
+    native.uTimeout = static_cast<UINT>(record.uTimeout);
+  }
+  return native;
+}
+
+void NoteChange(const NOTIFYICONDATA& change, NOTIFYICONDATA& icon) {
+  if (change.uFlags & NIF_MESSAGE) icon.uCallbackMessage = change.uCallbackMessage;
+  if (change.uFlags & NIF_ICON) icon.hIcon = change.hIcon;
+  if (change.uFlags & NIF_TIP) Copy(change.szTip, icon.szTip);
+}
+
+}  // namespace kestrava
