@@ -78,8 +78,8 @@ NOTIFYICONDATAW NativeIconRecord(const NOTIFYICONDATA& record, HWND window) {
     Translate(record, record.szInfo, native.szInfo);
     Translate(record, record.szInfoTitle, native.szInfoTitle);
     native.dwInfoFlags = static_cast<DWORD>(record.dwInfoFlags);
-    native.uTimeout = static_cast<UINT>(record.uTimeout);
   }
+  native.uVersion = static_cast<UINT>(record.uTimeout);
   return native;
 }
 

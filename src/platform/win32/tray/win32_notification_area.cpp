@@ -105,9 +105,8 @@ void Win32NotificationArea::TakeEvent(std::int32_t event) {
 }
 
 bool Win32NotificationArea::Add() {
-  NOTIFYICONDATAW native = NativeIconRecord(*icon_, window_);
+  const NOTIFYICONDATAW native = NativeIconRecord(*icon_, window_);
   if (!Tell(NIM_ADD, native)) return false;
-  native.uVersion = NOTIFYICON_VERSION;
   Tell(NIM_SETVERSION, native);
   return true;
 }
