@@ -60,7 +60,7 @@ std::optional<LRESULT> CheckListView::Serve(UINT message, WPARAM wParam, LPARAM 
 void CheckListView::Describe(LVITEMW& item) const {
   const auto* list = As<CheckList>();
   if (!list || item.iItem >= list->ListCount()) return;
-  Put(ToWide(list->List(item.iItem)), item);
+  Put(ToShownLine(list->List(item.iItem)), item);
   if (!(item.mask & LVIF_STATE)) return;
   item.stateMask = LVIS_STATEIMAGEMASK;
   item.state = INDEXTOSTATEIMAGEMASK(list->Selected(item.iItem) ? kTickedBox : kEmptyBox);

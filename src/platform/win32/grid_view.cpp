@@ -16,15 +16,13 @@ constexpr UINT kFrameMilliseconds = 16;
 constexpr std::int32_t kNothingFirst = std::numeric_limits<std::int32_t>::max();
 constexpr std::int32_t kNothingLast = -1;
 
-constexpr std::int32_t kNotApplied = -1;
-constexpr int kHeadingPadding = 180;  ///< in twips, on both sides together
-
 constexpr const wchar_t* kName = L"Connections";
 
 }  // namespace
 
 GridView::GridView(MSFlexGrid& grid, HWND window, int id)
-    : ListView(grid, window, id, 0, LVS_EX_GRIDLINES | LVS_EX_HEADERINALLVIEWS),
+    : ListView(grid, window, id, 0, LVS_EX_GRIDLINES),
+      columns_(Handle()),
       firstChanged_(kNothingFirst),
       lastChanged_(kNothingLast) {
   SetWindowTextW(Handle(), kName);
@@ -42,8 +40,8 @@ void GridView::Leave() {
 void GridView::SetScale(const TwipScale& scale, unsigned dotsPerInch, const UiFont& font) {
   ListView::SetScale(scale, dotsPerInch, font);
   scale_ = scale;
-  std::ranges::fill(appliedWidths_, kNotApplied);
-  CatchUpColumns();
+  columns_.ForgetWidths();
+  ShowColumns();
 }
 
 std::optional<LRESULT> GridView::Serve(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -64,8 +62,7 @@ std::optional<LRESULT> GridView::Serve(UINT message, WPARAM wParam, LPARAM lPara
       if (HitTest(PositionOf(lParam))) RaiseDoubleClick();
       return 0;
     case WM_KEYDOWN:
-      if (TakeKey(wParam)) return 0;
-      break;
+      return TakeKey(wParam) ? 0 : MoveByKey(wParam, lParam);
     case WM_CHAR:
       // There is nothing that a letter could mean.
       return 0;
@@ -87,15 +84,9 @@ LRESULT GridView::TakeOther(NMHDR& note) {
       return Draw(reinterpret_cast<NMLVCUSTOMDRAW&>(note));
     case LVN_COLUMNCLICK:
       Deselect();
+      chosenRow_.reset();
       TakeCursor(0, reinterpret_cast<const NMLISTVIEW&>(note).iSubItem);
       break;
-    case LVN_ITEMCHANGED: {
-      const auto& change = reinterpret_cast<const NMLISTVIEW&>(note);
-      if (change.iItem >= 0 && change.uNewState & LVIS_FOCUSED) {
-        TakeCursor(change.iItem + 1, column_);
-      }
-      break;
-    }
     default:
       break;
   }
@@ -109,6 +100,8 @@ void GridView::ShapeChanged() {
   NoteRows(0, std::numeric_limits<std::int32_t>::max());
 }
 
+void GridView::ColWidthGiven(std::int32_t col) { columns_.ForgetWidth(col); }
+
 void GridView::NoteRows(std::int32_t first, std::int32_t last) {
   firstChanged_ = std::min(firstChanged_, first);
   lastChanged_ = std::max(lastChanged_, last);
@@ -121,7 +114,7 @@ void GridView::CatchUp() {
   frameIsDue_ = false;
   if (!As<MSFlexGrid>()) return;
   const bool headingChanged = firstChanged_ == 0;
-  if (std::exchange(shapeChanged_, false) || headingChanged) CatchUpColumns();
+  if (std::exchange(shapeChanged_, false) || headingChanged) ShowColumns();
   const int first = std::max(std::exchange(firstChanged_, kNothingFirst) - 1, 0);
   const int last = std::min(std::exchange(lastChanged_, kNothingLast), rows_) - 1;
   CatchUpRows();
@@ -135,45 +128,37 @@ void GridView::CatchUpRows() {
   const std::int32_t before = std::exchange(rows_, rows);
   if (rows == before) return;
   SetCount(rows - 1);
+  FollowChosenRow();
   InvalidateRect(Handle(), nullptr, FALSE);
   if (rows == before + 1) Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(rows - 2), FALSE);
 }
 
-void GridView::CatchUpColumns() {
-  const auto* grid = As<MSFlexGrid>();
-  if (!grid) return;
-  const auto columns = static_cast<std::size_t>(grid->Cols());
-  while (appliedWidths_.size() > columns) {
-    appliedWidths_.pop_back();
-    Send(LVM_DELETECOLUMN, appliedWidths_.size());
-  }
-  while (appliedWidths_.size() < columns) {
-    LVCOLUMNW column{};
-    SendRecord(LVM_INSERTCOLUMNW, appliedWidths_.size(), column);
-    appliedWidths_.push_back(kNotApplied);
-  }
-  for (std::size_t col = 0; col < columns; ++col) ShowColumn(static_cast<std::int32_t>(col));
+void GridView::ShowColumns() {
+  if (const auto* grid = As<MSFlexGrid>()) columns_.Show(*grid, scale_, Font());
 }
 
-void GridView::ShowColumn(std::int32_t col) {
+bool GridView::HasRoom(const TwipScale& scale) const {
   const auto* grid = As<MSFlexGrid>();
-  const auto place = static_cast<WPARAM>(col);
-  std::wstring heading = ToWide(grid->TextAt(0, col));
-  LVCOLUMNW column{};
-  column.mask = LVCF_TEXT;
-  column.pszText = heading.data();
-  SendRecord(LVM_SETCOLUMNW, place, column);
-  const std::int32_t twips = grid->ColWidth(col);
-  if (std::exchange(appliedWidths_[place], twips) == twips) return;
-  const int least = Font().SizeOf(heading, 0, Ampersand::Itself).width;
-  const int padding = heading.empty() ? 0 : scale_.ToPixels(kHeadingPadding);
-  Send(LVM_SETCOLUMNWIDTH, place, std::max(scale_.ToPixels(twips), least + padding));
+  return !grid || GridColumns::HaveRoom(*grid, scale, Font());
+}
+
+void GridView::FollowChosenRow() {
+  const auto* grid = As<MSFlexGrid>();
+  if (!chosenRow_) return;
+  const auto row = grid->RowOf(*chosenRow_);
+  if (!row) {
+    chosenRow_.reset();
+    return Deselect();
+  }
+  // The rows on the screen stay where they are.
+  if (*row != FocusedItem() + 1) FocusItem(*row - 1);
 }
 
 std::wstring GridView::CellText(std::int32_t row, std::int32_t col) const {
   const auto* grid = As<MSFlexGrid>();
   if (!grid || row >= grid->Rows() || col >= grid->Cols()) return {};
-  return col == 0 ? LampMeaning(grid->BackColorAt(row, 0)) : ToWide(grid->TextAt(row, col));
+  return col == 0 ? LampMeaning(grid->BackColorAt(row, 0))
+                  : ToShownLine(grid->TextViewAt(row, col));
 }
 
 LRESULT GridView::Draw(NMLVCUSTOMDRAW& drawing) const {
@@ -186,7 +171,7 @@ LRESULT GridView::Draw(NMLVCUSTOMDRAW& drawing) const {
   place.left = LVIR_BOUNDS;
   SendRecord(LVM_GETITEMRECT, static_cast<WPARAM>(item), place);
   const bool selected = Send(LVM_GETITEMSTATE, static_cast<WPARAM>(item), LVIS_SELECTED) != 0;
-  const int columns = static_cast<int>(appliedWidths_.size());
+  const int columns = columns_.Count();
   for (int col = 0; col < columns; ++col) {
     place.right = place.left + static_cast<int>(Send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(col)));
     if (col == 0) {
@@ -220,6 +205,14 @@ bool GridView::TakeKey(WPARAM key) {
   }
 }
 
+LRESULT GridView::MoveByKey(WPARAM key, LPARAM lParam) {
+  const int before = FocusedItem();
+  const LRESULT answer = DefSubclassProc(Handle(), WM_KEYDOWN, key, lParam);
+  const int item = FocusedItem();
+  if (item >= 0 && item != before) Choose(item);
+  return answer;
+}
+
 void GridView::TakePress(POINT position) {
   SetFocus(Handle());
   CatchUp();
@@ -228,23 +221,24 @@ void GridView::TakePress(POINT position) {
   if (hit->iSubItem == 0) {
     FocusItem(hit->iItem);
     Deselect();
+    chosenRow_.reset();
     TakeCursor(hit->iItem + 1, 0);
     return;
   }
   column_ = hit->iSubItem;
   FocusItem(hit->iItem);
   // An item that had the focus already tells nothing of it.
-  TakeCursor(hit->iItem + 1, column_);
+  Choose(hit->iItem);
   Send(LVM_REDRAWITEMS, static_cast<WPARAM>(hit->iItem), hit->iItem);
 }
 
 void GridView::MoveColumn(int column) {
   const int item = FocusedItem();
-  const int last = static_cast<int>(appliedWidths_.size()) - 1;
+  const int last = columns_.Count() - 1;
   if (item < 0 || last < 1) return;
   column_ = std::clamp(column, 1, last);
   FocusItem(item);
-  TakeCursor(item + 1, column_);
+  Choose(item);
   Send(LVM_REDRAWITEMS, static_cast<WPARAM>(item), item);
   ShowCell(item);
 }
@@ -262,6 +256,12 @@ void GridView::ShowCell(int item) {
   if (scroll != 0) Send(LVM_SCROLL, static_cast<WPARAM>(scroll), 0);
 }
 
+bool GridView::Choose(int item) {
+  if (!TakeCursor(item + 1, column_)) return false;
+  chosenRow_ = As<MSFlexGrid>()->Bookmark(item + 1);
+  return true;
+}
+
 bool GridView::TakeCursor(std::int32_t row, std::int32_t col) {
   auto* grid = As<MSFlexGrid>();
   if (!grid || row >= grid->Rows() || col >= grid->Cols()) return false;
@@ -274,7 +274,7 @@ void GridView::RaiseDoubleClick() {
   const int item = FocusedItem();
   const bool selected =
       item >= 0 && Send(LVM_GETITEMSTATE, static_cast<WPARAM>(item), LVIS_SELECTED) != 0;
-  if (selected && TakeCursor(item + 1, column_)) As<MSFlexGrid>()->DblClick.Raise();
+  if (selected && Choose(item)) As<MSFlexGrid>()->DblClick.Raise();
 }
 
 }  // namespace kestrava

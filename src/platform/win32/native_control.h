@@ -40,6 +40,8 @@ class NativeControl {
   virtual void SetScale(const TwipScale& scale, unsigned dotsPerInch, const UiFont& font);
   /// Whether all of it can be seen in that room.
   virtual bool FitsInto(PixelSize) const { return true; }
+  /// Whether there is room for what would be good to see, too, at that scale.
+  virtual bool HasRoom(const TwipScale&) const { return true; }
 
   /// The control tells its window of something: a code of WM_COMMAND, or a record of WM_NOTIFY.
   virtual void TakeCommand(WORD) {}

@@ -53,7 +53,9 @@ class NativeTextBox final : public NativeControl {
  private:
   void Show() override {
     showing_ = true;
-    SetText(ToWide(As<TextBox>()->Text()));
+    const std::string& text = As<TextBox>()->Text();
+    // What the user is typing stays as typed.
+    if (LineToBytes(Text()) != text) SetText(ToShownLine(text));
     showing_ = false;
   }
 

@@ -193,6 +193,7 @@ void NativeWindow::Arrange() {
   scale_ = TwipScale::ForFontHeight(font_.Height());
   for (const auto& control : controls_) control->SetScale(scale_, dotsPerInch, font_);
   while (!Fits(scale_)) scale_ = scale_.Larger();
+  GiveRoom();
   for (const auto& control : controls_) {
     control->SetScale(scale_, dotsPerInch, font_);
     const PixelPlace place = scale_.PlaceOf(control->Spec());
@@ -208,6 +209,19 @@ bool NativeWindow::Fits(const TwipScale& scale) const {
     const PixelPlace place = scale.PlaceOf(control->Spec());
     return control->FitsInto({place.width, place.height});
   });
+}
+
+void NativeWindow::GiveRoom() {
+  const RECT screen = ScreenOf(handle_);
+  for (TwipScale scale = scale_; scale.ToPixels(form_->Spec().width) <= screen.right - screen.left;
+       scale = scale.Larger()) {
+    if (!std::ranges::all_of(controls_,
+                             [&](const auto& control) { return control->HasRoom(scale); })) {
+      continue;
+    }
+    scale_ = scale;
+    return;
+  }
 }
 
 void NativeWindow::ShowForm() {
@@ -249,7 +263,7 @@ void NativeWindow::ShowVisibility() {
 }
 
 void NativeWindow::Appear() {
-  if (!form_->Placed()) PutOverOwner(handle_);
+  if (!std::exchange(everShown_, true)) AppearFirst();
   if (form_->WindowState() == WindowState::Minimized) {
     ShowWindow(handle_, SW_SHOWMINNOACTIVE);
   } else {
@@ -257,6 +271,14 @@ void NativeWindow::Appear() {
     SetForegroundWindow(handle_);
   }
   if (observer_.shown) observer_.shown();
+}
+
+void NativeWindow::AppearFirst() {
+  RECT before{};
+  GetWindowRect(handle_, &before);
+  Arrange();
+  if (!form_->Placed()) return PutOverOwner(handle_);
+  KeepCentre(handle_, before);
 }
 
 void NativeWindow::ShowWindowState() {

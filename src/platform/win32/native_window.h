@@ -65,6 +65,8 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
   /// Sizes everything by the font.
   void Arrange();
   bool Fits(const TwipScale& scale) const;
+  /// Takes a larger scale where there is screen enough for what a control would gain by it.
+  void GiveRoom();
 
   /// Mirrors the state of the form itself.
   void ShowForm();
@@ -72,6 +74,8 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
   void ShowPointer() const;
   void ShowVisibility();
   void Appear();
+  /// The same for the first time. Its tables have got their columns since it was arranged.
+  void AppearFirst();
   void ShowWindowState();
   /// The user has minimised the window or brought it back.
   void TakeWindowState();
@@ -87,6 +91,7 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
   std::pair<int, int> place_;  ///< where the form was last put, in its twips
   bool placed_ = false;
   bool shown_ = false;
+  bool everShown_ = false;
 };
 
 }  // namespace kestrava

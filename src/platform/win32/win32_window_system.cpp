@@ -18,6 +18,7 @@ Win32WindowSystem::~Win32WindowSystem() = default;
 
 void Win32WindowSystem::Load(Form& form, HICON picture) {
   if (Find(form)) return;
+  form.CheckWhole();
   const bool isMain = IsMain(form);
   NativeWindow::Observer observer;
   observer.closeRequested = [this, &form] { Close(form); };

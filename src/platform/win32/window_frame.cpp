@@ -44,8 +44,10 @@ HWND MakeWindow(const FormSpec& form, HWND owner, WNDPROC procedure) {
   // The system sees to the focus and the default button, as in any dialog.
   windowClass.cbWndExtra = DLGWINDOWEXTRA;
   windowClass.hInstance = GetModuleHandleW(nullptr);
-  windowClass.hIcon = ProgramIcon(IconSize::Large);
-  windowClass.hIconSm = ProgramIcon(IconSize::Small);
+  if (form.style == FormStyle::MainWindow) {
+    windowClass.hIcon = ProgramIcon(IconSize::Large);
+    windowClass.hIconSm = ProgramIcon(IconSize::Small);
+  }
   windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
   windowClass.lpszClassName = name.c_str();
@@ -81,6 +83,15 @@ void PutOverOwner(HWND window) {
   SetWindowPos(window, nullptr,
                static_cast<int>(std::max(room.left, std::min(left, room.right - width))),
                static_cast<int>(std::max(room.top, std::min(top, room.bottom - height))), 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void KeepCentre(HWND window, const RECT& before) {
+  RECT after{};
+  GetWindowRect(window, &after);
+  SetWindowPos(window, nullptr,
+               static_cast<int>(before.left + before.right - after.right + after.left) / 2,
+               static_cast<int>(before.top + before.bottom - after.bottom + after.top) / 2, 0, 0,
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 

@@ -17,6 +17,9 @@ void SizeInner(HWND window, PixelSize size);
 /// isn't to be seen.
 void PutOverOwner(HWND window);
 
+/// Puts the middle of the window back to where it was when the window had that place.
+void KeepCentre(HWND window, const RECT& before);
+
 /// The whole screen that the window is on.
 RECT ScreenOf(HWND window);
 

@@ -1,38 +1,29 @@
 #include "platform/win32/tray/native_icon_record.h"
 
 #include <algorithm>
-#include <cwctype>
 #include <string>
 #include <string_view>
 
 #include "platform/win32/program_icon.h"
+#include "platform/win32/stand_ins.h"
 #include "platform/win32/wide_text.h"
 
 namespace kestrava {
 
 namespace {
 
-// See RFC 3629, section 3, for how UTF-8 marks the first byte of a character and those after it.
-constexpr unsigned kMostContinuations = 3;
-
-bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
-
-std::size_t LengthOf(char firstByte) {
-  const auto byte = static_cast<unsigned char>(firstByte);
-  if (byte >= 0xF0) return 4;
-  if (byte >= 0xE0) return 3;
-  return byte >= 0xC0 ? 2 : 1;
-}
-
-std::string_view WithoutCutCharacter(std::string_view text) {
-  std::size_t after = 0;
-  while (after < text.size() && after < kMostContinuations &&
-         IsContinuation(text[text.size() - 1 - after])) {
-    ++after;
+/// What is seen of a text in lines, each of which ends in LF or CR LF.
+std::wstring WithStandInsButLines(const std::wstring& text) {
+  std::wstring shown;
+  for (std::size_t begin = 0; begin <= text.size();) {
+    const std::size_t end = std::min(text.find(L'\n', begin), text.size());
+    std::wstring line = text.substr(begin, end - begin);
+    if (line.ends_with(L'\r')) line.pop_back();
+    if (begin > 0) shown += L'\n';
+    shown += WithStandIns(line);
+    begin = end + 1;
   }
-  if (after == text.size()) return text;
-  const std::size_t start = text.size() - 1 - after;
-  return LengthOf(text[start]) > after + 1 ? text.substr(0, start) : text;
+  return shown;
 }
 
 /// Puts the part of a text field that lies within the record into the system's own field.
@@ -44,10 +35,8 @@ void Translate(const NOTIFYICONDATA& record, const char (&field)[kWidth],
   if (size <= offset) return;
   const std::string_view readable(field, std::min(kWidth, size - offset));
   const std::size_t end = readable.find('\0');
-  std::wstring text = ToWide(end == std::string_view::npos ? WithoutCutCharacter(readable)
-                                                           : readable.substr(0, end));
-  std::ranges::replace_if(
-      text, [](wchar_t letter) { return std::iswcntrl(letter) && letter != L'\n'; }, L' ');
+  const std::wstring text = WithStandInsButLines(ToWide(
+      end == std::string_view::npos ? WithoutCutCharacter(readable) : readable.substr(0, end)));
   native[text.copy(native, kNativeWidth - 1)] = L'\0';
 }
 
@@ -78,6 +67,7 @@ NOTIFYICONDATAW NativeIconRecord(const NOTIFYICONDATA& record, HWND window) {
     Translate(record, record.szInfo, native.szInfo);
     Translate(record, record.szInfoTitle, native.szInfoTitle);
     native.dwInfoFlags = static_cast<DWORD>(record.dwInfoFlags);
+    native.hBalloonIcon = ProgramIcon(IconSize::Large);
   }
   native.uVersion = static_cast<UINT>(record.uTimeout);
   return native;
