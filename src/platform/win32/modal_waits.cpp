@@ -42,6 +42,8 @@ void ModalWaits::Remove(HWND window) {
   open_.erase(std::next(found).base());
   std::erase(hidden_, window);
   Block();
+  // The system hands the keys on by itself only once the window has gone, and not always back here.
+  if (window && GetActiveWindow() == window) SetActiveWindow(Owner());
 }
 
 void ModalWaits::Hide() {
@@ -58,9 +60,10 @@ void ModalWaits::Show() {
 
 void ModalWaits::BringToFront() const {
   if (!mainWindow_) return;
-  HWND top = open_.empty() ? mainWindow_ : GetWindow(mainWindow_, GW_ENABLEDPOPUP);
-  if (!top || !IsWindowVisible(top)) top = Owner();
-  SetForegroundWindow(top);
+  const std::vector<HWND> windows = OwnedWindows();
+  const auto top = std::ranges::find_if(
+      windows, [](HWND window) { return IsWindowVisible(window) && IsWindowEnabled(window); });
+  SetForegroundWindow(top == windows.end() ? mainWindow_ : *top);
 }
 
 void ModalWaits::Cancel() const {
