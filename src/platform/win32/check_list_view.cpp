@@ -24,7 +24,8 @@ CheckListView::CheckListView(CheckList& list, HWND window, int id)
 
 void CheckListView::SetScale(const TwipScale& scale, unsigned dotsPerInch, const UiFont& font) {
   ListView::SetScale(scale, dotsPerInch, font);
-  // Anew, as large as this font wants them.
+  if (std::exchange(dotsPerInch_, dotsPerInch) == dotsPerInch) return;
+  // Boxes of the size for this screen.
   Send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_CHECKBOXES, 0);
   Send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_CHECKBOXES, LVS_EX_CHECKBOXES);
 }

@@ -21,6 +21,7 @@ class CheckListView final : public ListView {
   void FillWidth();
 
   int count_ = 0;
+  unsigned dotsPerInch_ = 0;
 };
 
 }  // namespace kestrava

@@ -11,11 +11,11 @@ constexpr UINT_PTR kSubclass = 1;
 }  // namespace
 
 ListView::ListView(Control& control, HWND window, int id, DWORD style, DWORD extendedStyle)
-    : NativeControl(control, window, id,
-                    {WC_LISTVIEWW,
-                     WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS |
-                         LVS_SHAREIMAGELISTS | style,
-                     WS_EX_CLIENTEDGE}) {
+    : NativeControl(
+          control, window, id,
+          {WC_LISTVIEWW,
+           WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | style,
+           WS_EX_CLIENTEDGE}) {
   Send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0,
        static_cast<LPARAM>(LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP | extendedStyle));
   SetWindowSubclass(Handle(), Procedure, kSubclass, reinterpret_cast<DWORD_PTR>(this));
