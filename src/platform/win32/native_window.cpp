@@ -192,7 +192,9 @@ void NativeWindow::Arrange() {
   const UiFont before = std::exchange(font_, UiFont(dotsPerInch));
   scale_ = TwipScale::ForFontHeight(font_.Height());
   for (const auto& control : controls_) control->SetScale(scale_, dotsPerInch, font_);
-  while (!Fits(scale_)) scale_ = scale_.Larger();
+  // A word without end would have a window without end.
+  const int most = 2 * scale_.ToPixels(form_->Spec().width);
+  while (!Fits(scale_) && scale_.ToPixels(form_->Spec().width) < most) scale_ = scale_.Larger();
   GiveRoom();
   for (const auto& control : controls_) {
     control->SetScale(scale_, dotsPerInch, font_);
