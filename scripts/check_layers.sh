@@ -20,16 +20,18 @@ forbid() {
 }
 
 interfaces='platform/[^/ ]*'
-desktop="main\.cpp|platform/(linux|qt)/[^ ]*"
+desktop="main\.cpp|platform/(linux|qt|win32)/[^ ]*"
 logic=$(cut -d' ' -f1 <<<"$includes" | sort -u | grep -vE "^($interfaces|$desktop)$" | paste -sd'|')
 # A standard header has neither a capital letter nor an ending; one of the system or of Qt has.
 foreign='<[^>]*[^a-z_>]'
 forbid "the logic and the interfaces are standard C++ only" "$interfaces|$logic" "$foreign"
-forbid "the logic knows no desktop" "$interfaces|$logic" '"platform/(linux|qt)/|"[^/]*"'
+forbid "the logic knows no desktop" "$interfaces|$logic" '"platform/(linux|qt|win32)/|"[^/]*"'
 forbid "an interface knows no logic" "$interfaces" '"([^p]|p[^l])'
 forbid "the Linux layer knows neither Qt nor the logic" "platform/linux/[^ ]*" \
   '<Q|"platform/qt/|"([^p]|p[^l])'
 forbid "the Qt layer knows no logic" "platform/qt/[^ ]*" '"([^p]|p[^l])[^"]*/'
+forbid "the Windows layer knows neither the others nor the logic" "platform/win32/[^ ]*" \
+  '"platform/(linux|qt)/|"([^p]|p[^l])'
 
 # tsort names every circle and fails on it.
 if ! sed -n 's/"//gp' <<<"$includes" | tsort >/dev/null; then failed=true; fi

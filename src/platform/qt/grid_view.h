@@ -6,7 +6,7 @@
 
 #include "platform/qt/grid_model.h"
 #include "platform/qt/lamp_header.h"
-#include "platform/qt/twips.h"
+#include "platform/twips.h"
 
 namespace kestrava {
 

@@ -134,7 +134,7 @@ QWidget* MakeNativeControl(Control& control, QObject& link, QWidget* parent) {
 
 bool HasRoomForColumns(QWidget& widget, const ControlSpec& spec, const TwipScale& scale) {
   auto* grid = qobject_cast<GridView*>(&widget);
-  return !grid || grid->HasRoom(scale, scale.PlaceOf(spec).width());
+  return !grid || grid->HasRoom(scale, scale.PlaceOf(spec).width);
 }
 
 bool FitsInto(const QWidget& widget, const QSize& size) {
@@ -145,7 +145,8 @@ bool FitsInto(const QWidget& widget, const QSize& size) {
 }
 
 void PlaceNativeControl(QWidget& widget, const ControlSpec& spec, const TwipScale& scale) {
-  widget.setGeometry(scale.PlaceOf(spec));
+  const PixelPlace place = scale.PlaceOf(spec);
+  widget.setGeometry(place.left, place.top, place.width, place.height);
   if (auto* grid = qobject_cast<GridView*>(&widget)) grid->SetScale(scale);
 }
 

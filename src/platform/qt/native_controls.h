@@ -3,7 +3,7 @@
 #include <QWidget>
 
 #include "platform/control.h"
-#include "platform/qt/twips.h"
+#include "platform/twips.h"
 
 namespace kestrava {
 

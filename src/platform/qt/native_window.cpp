@@ -188,7 +188,8 @@ void NativeWindow::Arrange() {
 
 bool NativeWindow::Fits(const TwipScale& scale) const {
   return std::ranges::all_of(parts_, [&](const Part& part) {
-    return FitsInto(*part.widget, scale.PlaceOf(*part.spec).size());
+    const PixelPlace place = scale.PlaceOf(*part.spec);
+    return FitsInto(*part.widget, QSize(place.width, place.height));
   });
 }
 

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "platform/form.h"
-#include "platform/qt/twips.h"
+#include "platform/twips.h"
 
 namespace kestrava {
 

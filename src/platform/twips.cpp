@@ -1,4 +1,4 @@
-#include "platform/qt/twips.h"
+#include "platform/twips.h"
 
 #include <cmath>
 
@@ -18,10 +18,11 @@ int TwipScale::ToTwips(int pixels) const {
   return static_cast<int>(std::lround(pixels * kTwipsPerPixel / scale_));
 }
 
-QRect TwipScale::PlaceOf(const ControlSpec& control) const {
-  const QPoint topLeft(ToPixels(control.left), ToPixels(control.top));
-  const QPoint end(ToPixels(control.left + control.width), ToPixels(control.top + control.height));
-  return QRect(topLeft, QSize(end.x() - topLeft.x(), end.y() - topLeft.y()));
+PixelPlace TwipScale::PlaceOf(const ControlSpec& control) const {
+  const int left = ToPixels(control.left);
+  const int top = ToPixels(control.top);
+  return {left, top, ToPixels(control.left + control.width) - left,
+          ToPixels(control.top + control.height) - top};
 }
 
 }  // namespace kestrava

@@ -1,12 +1,18 @@
 #pragma once
 
-#include <QRect>
-
 #include "platform/control.h"
 
 namespace kestrava {
 
-/// Turns the twips of one window into the pixels of its toolkit. At the scale 1, made for a user
+/// A place in a window, in pixels.
+struct PixelPlace {
+  int left;
+  int top;
+  int width;
+  int height;
+};
+
+/// Turns the twips of one window into the pixels of its desktop. At the scale 1, made for a user
 /// interface font 13 pixels high (8 points at 96 pixels an inch), a pixel is 15 twips (1440 twips
 /// an inch at the same 96 pixels).
 class TwipScale {
@@ -23,7 +29,7 @@ class TwipScale {
   int ToTwips(int pixels) const;
 
   /// The place of a control. Neighbours that share an edge in twips share it in pixels too.
-  QRect PlaceOf(const ControlSpec& control) const;
+  PixelPlace PlaceOf(const ControlSpec& control) const;
 
  private:
   double scale_;

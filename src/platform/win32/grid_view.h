@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "platform/flex_grid.h"
+#include "platform/win32/grid_columns.h"
+#include "platform/win32/list_view.h"
+
+namespace kestrava {
+
+/// A grid as a list view: the heading row is the list's header, and the heading column its first
+/// one, in which the lamps stand. So row `r` of the grid is item `r - 1`, and columns are the same.
+///
+/// A running check pass writes many cells between two frames of the screen. The view only notes
+/// which rows have changed, and catches up once for each frame. The program's own cursor moves
+/// don't touch the cell that the user has chosen; it goes with its row when rows above it go, and
+/// is chosen no more when its row goes.
+class GridView final : public ListView, private GridObserver {
+ public:
+  GridView(MSFlexGrid& grid, HWND window, int id);
+  ~GridView() override;
+
+  void Leave() override;
+  void SetScale(const TwipScale& scale, unsigned dotsPerInch, const UiFont& font) override;
+  bool HasRoom(const TwipScale& scale) const override;
+
+ private:
+  std::optional<LRESULT> Serve(UINT message, WPARAM wParam, LPARAM lParam) override;
+  void Describe(LVITEMW& item) const override;
+  LRESULT TakeOther(NMHDR& note) override;
+
+  void CellChanged(std::int32_t row, std::int32_t col) override;
+  void ShapeChanged() override;
+  void ColWidthGiven(std::int32_t col) override;
+  void NoteRows(std::int32_t first, std::int32_t last);
+  void CatchUp();
+  void CatchUpRows();
+  void ShowColumns();
+  /// Keeps the user's choice on its row.
+  void FollowChosenRow();
+
+  std::wstring CellText(std::int32_t row, std::int32_t col) const;
+  LRESULT Draw(NMLVCUSTOMDRAW& drawing) const;
+
+  bool TakeKey(WPARAM key);
+  /// The system moves the focus by this key.
+  LRESULT MoveByKey(WPARAM key, LPARAM lParam);
+  void TakePress(POINT position);
+  void MoveColumn(int column);
+  void ShowCell(int item);
+  /// The user has chosen the cell of that item in the user's column.
+  bool Choose(int item);
+  /// Makes a cell the grid's current one.
+  bool TakeCursor(std::int32_t row, std::int32_t col);
+  void RaiseDoubleClick();
+
+  TwipScale scale_;
+  GridColumns columns_;
+  int column_ = 1;  ///< of the user's cell; its row is the list's focused item
+  std::int32_t rows_ = 1;
+  std::optional<RowBookmark> chosenRow_;  ///< of the user's cell
+  bool frameIsDue_ = false;
+  bool shapeChanged_ = false;
+  std::int32_t firstChanged_;
+  std::int32_t lastChanged_;
+};
+
+}  // namespace kestrava

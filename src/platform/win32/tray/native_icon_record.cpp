@@ -1,0 +1,82 @@
+#include "platform/win32/tray/native_icon_record.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+#include "platform/win32/program_icon.h"
+#include "platform/win32/stand_ins.h"
+#include "platform/win32/wide_text.h"
+
+namespace kestrava {
+
+namespace {
+
+/// What is seen of a text in lines, each of which ends in LF or CR LF.
+std::wstring WithStandInsButLines(const std::wstring& text) {
+  std::wstring shown;
+  for (std::size_t begin = 0; begin <= text.size();) {
+    const std::size_t end = std::min(text.find(L'\n', begin), text.size());
+    std::wstring line = text.substr(begin, end - begin);
+    if (line.ends_with(L'\r')) line.pop_back();
+    if (begin > 0) shown += L'\n';
+    shown += WithStandIns(line);
+    begin = end + 1;
+  }
+  return shown;
+}
+
+/// Puts the part of a text field that lies within the record into the system's own field.
+template <std::size_t kWidth, std::size_t kNativeWidth>
+void Translate(const NOTIFYICONDATA& record, const char (&field)[kWidth],
+               wchar_t (&native)[kNativeWidth]) {
+  const auto offset = static_cast<std::size_t>(field - reinterpret_cast<const char*>(&record));
+  const auto size = static_cast<std::size_t>(record.cbSize);
+  if (size <= offset) return;
+  const std::string_view readable(field, std::min(kWidth, size - offset));
+  const std::size_t end = readable.find('\0');
+  const std::wstring text = WithStandInsButLines(ToWide(
+      end == std::string_view::npos ? WithoutCutCharacter(readable) : readable.substr(0, end)));
+  native[text.copy(native, kNativeWidth - 1)] = L'\0';
+}
+
+template <std::size_t kWidth>
+void Copy(const char (&from)[kWidth], char (&to)[kWidth]) {
+  std::ranges::copy(from, to);
+}
+
+}  // namespace
+
+bool KnownIconRecord(const NOTIFYICONDATA& record) {
+  return record.cbSize == kNotifyIconSizeWhole || record.cbSize == kNotifyIconSizeWithBalloon ||
+         record.cbSize == kNotifyIconSizeIconOnly;
+}
+
+NOTIFYICONDATAW NativeIconRecord(const NOTIFYICONDATA& record, HWND window) {
+  NOTIFYICONDATAW native{};
+  native.cbSize = sizeof(native);
+  native.hWnd = window;
+  native.uID = static_cast<UINT>(record.uID);
+  native.uFlags = static_cast<UINT>(record.uFlags & (NIF_MESSAGE | NIF_ICON | NIF_TIP | NIF_INFO));
+  native.uCallbackMessage = kNativeCallback;
+  if (record.uFlags & NIF_ICON) native.hIcon = ProgramIcon(IconSize::Small);
+  if (record.uFlags & NIF_TIP) Translate(record, record.szTip, native.szTip);
+  if (record.cbSize < kNotifyIconSizeWithBalloon) {
+    native.uFlags &= ~static_cast<UINT>(NIF_INFO);
+  } else if (record.uFlags & NIF_INFO) {
+    Translate(record, record.szInfo, native.szInfo);
+    Translate(record, record.szInfoTitle, native.szInfoTitle);
+    native.dwInfoFlags = static_cast<DWORD>(record.dwInfoFlags);
+    native.hBalloonIcon = ProgramIcon(IconSize::Large);
+  }
+  native.uVersion = static_cast<UINT>(record.uTimeout);
+  return native;
+}
+
+void NoteChange(const NOTIFYICONDATA& change, NOTIFYICONDATA& icon) {
+  if (change.uFlags & NIF_MESSAGE) icon.uCallbackMessage = change.uCallbackMessage;
+  if (change.uFlags & NIF_ICON) icon.hIcon = change.hIcon;
+  if (change.uFlags & NIF_TIP) Copy(change.szTip, icon.szTip);
+}
+
+}  // namespace kestrava

@@ -1,0 +1,114 @@
+#include "platform/win32/tray/win32_notification_area.h"
+
+#include <utility>
+
+#include "platform/win32/program_icon.h"
+#include "platform/win32/tray/native_icon_record.h"
+#include "platform/win32/windows_api.h"
+
+namespace kestrava {
+
+namespace {
+
+constexpr const wchar_t* kClass = L"KestravaIcon";
+constexpr UINT_PTR kRetryTimer = 1;
+constexpr UINT kRetryMilliseconds = 2000;
+
+bool Tell(DWORD message, NOTIFYICONDATAW record) {
+  return ::Shell_NotifyIconW(message, &record) != FALSE;
+}
+
+/// What every taskbar tells all windows when it has started.
+UINT TaskbarCreated() {
+  static const UINT message = RegisterWindowMessageW(L"TaskbarCreated");
+  return message;
+}
+
+LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  auto* area = reinterpret_cast<Win32NotificationArea*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (area && message == kNativeCallback) {
+    area->TakeEvent(static_cast<std::int32_t>(lParam));
+    return 0;
+  }
+  if (area && (message == TaskbarCreated() || (message == WM_TIMER && wParam == kRetryTimer))) {
+    area->ShowAgain();
+    return 0;
+  }
+  return DefWindowProcW(window, message, wParam, lParam);
+}
+
+HWND MakeHelper() {
+  WNDCLASSW windowClass{};
+  windowClass.lpfnWndProc = Procedure;
+  windowClass.hInstance = GetModuleHandleW(nullptr);
+  windowClass.lpszClassName = kClass;
+  RegisterClassW(&windowClass);
+  return CreateWindowExW(WS_EX_TOOLWINDOW, kClass, L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
+                         windowClass.hInstance, nullptr);
+}
+
+}  // namespace
+
+Win32NotificationArea::Win32NotificationArea(Win32WindowMessages& messages)
+    : messages_(messages), window_(MakeHelper()) {
+  SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  // A program that runs with more rights than the taskbar is told as well.
+  ChangeWindowMessageFilterEx(window_, TaskbarCreated(), MSGFLT_ALLOW, nullptr);
+  messages_.SetHelper(window_);
+}
+
+Win32NotificationArea::~Win32NotificationArea() {
+  SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+  if (icon_) Tell(NIM_DELETE, NativeIconRecord(*icon_, window_));
+  messages_.SetHelper(nullptr);
+  DestroyWindow(window_);
+}
+
+std::int32_t Win32NotificationArea::Shell_NotifyIconA(std::int32_t message,
+                                                      const NOTIFYICONDATA& record) {
+  if (!KnownIconRecord(record)) return 0;
+  if (message == NIM_ADD) {
+    if (icon_ || !messages_.WindowOf(record.hWnd)) return 0;
+    icon_ = record;
+    ShowAgain();
+    return 1;
+  }
+  if (!icon_ || icon_->hWnd != record.hWnd || icon_->uID != record.uID) return 0;
+  const NOTIFYICONDATAW native = NativeIconRecord(record, window_);
+  if (message == NIM_DELETE) {
+    KillTimer(window_, kRetryTimer);
+    icon_.reset();
+    return Tell(NIM_DELETE, native) ? 1 : 0;
+  }
+  if (message == NIM_MODIFY) NoteChange(record, *icon_);
+  return Tell(static_cast<DWORD>(message), native) ? 1 : 0;
+}
+
+void Win32NotificationArea::ShowAgain() {
+  KillTimer(window_, kRetryTimer);
+  if (icon_ && !Add()) SetTimer(window_, kRetryTimer, kRetryMilliseconds, nullptr);
+}
+
+void Win32NotificationArea::TakeEvent(std::int32_t event) {
+  if (!icon_) return;
+  // A right click comes as WM_RBUTTONUP and then WM_CONTEXTMENU; the keyboard sends the latter
+  // alone.
+  if (event == WM_RBUTTONUP) ownsContextMenu_ = true;
+  if (event == WM_CONTEXTMENU) {
+    if (std::exchange(ownsContextMenu_, false)) return;
+    event = WM_RBUTTONUP;
+  }
+  if (event == WM_MOUSEMOVE) ownsContextMenu_ = false;
+  const NOTIFYICONDATA& icon = *icon_;
+  if (icon.uCallbackMessage == 0) return;
+  messages_.Send(icon.hWnd, icon.uCallbackMessage, icon.uID, event);
+}
+
+bool Win32NotificationArea::Add() {
+  const NOTIFYICONDATAW native = NativeIconRecord(*icon_, window_);
+  if (!Tell(NIM_ADD, native)) return false;
+  Tell(NIM_SETVERSION, native);
+  return true;
+}
+
+}  // namespace kestrava
