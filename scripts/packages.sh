@@ -8,7 +8,8 @@ build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libglib2.0-dev lib
 run_packages=(iputils-ping fonts-dejavu-core qt6-wayland)
 # A virtual screen with a hand and an eye, and machines to be checked.
 stage_packages=(xvfb xdotool scrot xrdp iproute2)
-test_packages=(libgtest-dev tidy dbus-daemon trayer weston python3-minimal)
+test_packages=(libgtest-dev tidy dbus-daemon trayer weston python3-minimal openbox python3-dbus python3-gi
+  python3-xlib)
 bench_packages=(fping)
 # dpkg-dev finds the libraries that the package depends on; the others look at what came out.
 package_packages=(dpkg-dev devscripts lintian appstream desktop-file-utils man-db)
