@@ -10,7 +10,7 @@
 namespace kestrava {
 
 /// Asks a D-Bus message bus, and services on it, for a sign of life, by a connection of its own: it
-/// logs in, says hello and pings, as the D-Bus Specification of freedesktop.org has it. Nothing
+/// logs in, says hello and pings, as the D-Bus document of freedesktop.org has it. Nothing
 /// here waits but `AnswersIn`.
 class SessionBusProbe {
  public:

@@ -6,7 +6,7 @@ namespace kestrava {
 
 namespace {
 
-// From the D-Bus Specification of freedesktop.org.
+// From the D-Bus document of freedesktop.org.
 constexpr const char* kBus = "org.freedesktop.DBus";
 constexpr const char* kBusPath = "/org/freedesktop/DBus";
 
