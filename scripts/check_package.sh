@@ -40,9 +40,9 @@ if [[ -n $warnings ]]; then
   exit 1
 fi
 
-# The name that sorts last decides, and an administrator's may begin with any two digits.
-first=$(printf '%s\n' 00-administrator.conf "$(ls "$content/usr/lib/sysctl.d")" | LC_ALL=C sort | head -n 1)
-[[ $first == 0-kestrava.conf ]] || {
+# The name that sorts last decides, and an administrator's may begin with any digits.
+first=$(printf '%s\n' 0-administrator.conf "$(ls "$content/usr/lib/sysctl.d")" | LC_ALL=C sort | head -n 1)
+[[ $first == 0-0-kestrava.conf ]] || {
   echo "The kernel setting overrides an administrator's." >&2
   exit 1
 }
