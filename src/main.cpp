@@ -4,6 +4,7 @@
 #include <clocale>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <string_view>
@@ -91,7 +92,7 @@ int main(int argc, char* argv[]) {
   using namespace kestrava;
 
   for (int i = 1; i < argc; ++i) {
-    if (Answers(argv[i])) return 0;
+    if (Answers(argv[i])) return std::fflush(stdout) == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
   }
 
   // A file that may grow no further, or a reader of standard error that has gone, is an error of
