@@ -20,12 +20,13 @@ forbid() {
 }
 
 interfaces='platform/[^/ ]*'
-desktop="main\.cpp|platform/(linux|qt|win32)/[^ ]*"
+desktop="main(_windows)?\.cpp|platform/(linux|qt|win32)/[^ ]*"
 logic=$(cut -d' ' -f1 <<<"$includes" | sort -u | grep -vE "^($interfaces|$desktop)$" | paste -sd'|')
 # A standard header has neither a capital letter nor an ending; one of the system or of Qt has.
 foreign='<[^>]*[^a-z_>]'
 forbid "the logic and the interfaces are standard C++ only" "$interfaces|$logic" "$foreign"
 forbid "the logic knows no desktop" "$interfaces|$logic" '"platform/(linux|qt|win32)/|"[^/]*"'
+forbid "what the desktops share is theirs alone" "$interfaces|[^p][^ ]*|p[^l][^ ]*" '"platform/net/'
 forbid "an interface knows no logic" "$interfaces" '"([^p]|p[^l])'
 forbid "the Linux layer knows neither Qt nor the logic" "platform/linux/[^ ]*" \
   '<Q|"platform/qt/|"([^p]|p[^l])'

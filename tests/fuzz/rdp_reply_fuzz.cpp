@@ -2,7 +2,7 @@
 #include <vector>
 
 #include "fuzz/fuzz.h"
-#include "platform/linux/x224.h"
+#include "platform/net/x224.h"
 
 using namespace kestrava;
 

@@ -5,7 +5,7 @@
 #include <cerrno>
 #include <random>
 
-#include "platform/linux/dotted_address.h"
+#include "platform/net/dotted_address.h"
 #include "platform/linux/ping_program.h"
 
 namespace kestrava {

@@ -7,7 +7,7 @@
 #include <sys/timerfd.h>
 #include <system_error>
 
-#include "platform/linux/dotted_address.h"
+#include "platform/net/dotted_address.h"
 #include "platform/runtime_error.h"
 
 namespace kestrava {

@@ -6,7 +6,7 @@
 
 #include "platform/linux/event_source.h"
 #include "platform/linux/file_descriptor.h"
-#include "platform/linux/x224.h"
+#include "platform/net/x224.h"
 #include "platform/remote_desktop.h"
 
 namespace kestrava {

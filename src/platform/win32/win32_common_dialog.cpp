@@ -30,7 +30,8 @@ void Win32CommonDialog::Ask(Purpose purpose) {
   FileName.clear();
   if (windows_.HasEnded()) return;
   const std::wstring filter = NativeFilter(Filter);
-  const std::wstring folder = ToWide(InitDir);
+  std::wstring folder = ToWide(InitDir);
+  std::ranges::replace(folder, L'/', L'\\');
   std::vector<wchar_t> path(kLongestPath);
   OPENFILENAMEW dialog{};
   dialog.lStructSize = sizeof(dialog);

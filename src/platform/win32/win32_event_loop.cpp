@@ -47,7 +47,11 @@ void Win32EventLoop::End() {
 std::intptr_t Win32EventLoop::Receive(HWND__* window, unsigned message, std::uintptr_t wParam,
                                       std::intptr_t lParam) {
   auto* loop = reinterpret_cast<Win32EventLoop*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  if (loop && (message == kTurnMessage || message == WM_TIMER)) {
+  if (loop && message == kTurnMessage) {
+    loop->EndShortTurn();
+    return 0;
+  }
+  if (loop && message == WM_TIMER) {
     loop->FinishTurn();
     return 0;
   }
@@ -59,12 +63,19 @@ bool Win32EventLoop::TurnIsSpared() {
 }
 
 void Win32EventLoop::BeginTurn() {
-  rests_ = AnyUnderWay();
-  if (rests_) {
-    SetTimer(window_, kRestTimer, kLongestRestMilliseconds, nullptr);
-  } else {
-    PostMessageW(window_, kTurnMessage, 0, 0);
-  }
+  if (AnyUnderWay() || !PostMessageW(window_, kTurnMessage, 0, 0)) Rest();
+}
+
+void Win32EventLoop::Rest() {
+  rests_ = true;
+  SetTimer(window_, kRestTimer, kLongestRestMilliseconds, nullptr);
+}
+
+void Win32EventLoop::EndShortTurn() {
+  // A posted message comes ahead of what the user does, of painting and of timers: of all that the
+  // turn is for. A timer comes after all of them.
+  if (HIWORD(GetQueueStatus(QS_INPUT | QS_PAINT | QS_TIMER)) != 0) return Rest();
+  FinishTurn();
 }
 
 void Win32EventLoop::FinishTurn() {

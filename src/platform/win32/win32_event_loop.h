@@ -28,6 +28,8 @@ class Win32EventLoop final : public EventLoop {
 
   /// Something came of what is under way: a turn that rests ends now.
   void EndRest();
+  /// Whether a turn rests.
+  bool Rests() const { return rests_; }
 
   /// The main window is gone: the message loop ends, and every modal wait with it.
   void End();
@@ -39,6 +41,8 @@ class Win32EventLoop final : public EventLoop {
 
   bool TurnIsSpared() override;
   void BeginTurn() override;
+  void Rest();
+  void EndShortTurn();
   void FinishTurn();
   bool AnyUnderWay() const;
 

@@ -19,8 +19,24 @@
 #include <windows.h>
 #include <commctrl.h>
 #include <commdlg.h>
+#include <iphlpapi.h>
+#include <icmpapi.h>
 #include <shellapi.h>
+#include <shlwapi.h>
 // clang-format on
+
+// platform/file_system.h
+#undef DeleteFile
+
+// platform/registry.h
+#undef HKEY_CLASSES_ROOT
+#undef KEY_READ
+#undef REG_SZ
+#undef REG_DWORD
+#undef ERROR_SUCCESS
+#undef ERROR_FILE_NOT_FOUND
+#undef ERROR_MORE_DATA
+#undef ERROR_NO_MORE_ITEMS
 
 // platform/notification_area.h
 #undef NOTIFYICONDATA

@@ -1,13 +1,17 @@
-#include "platform/linux/dotted_address.h"
+#include "platform/net/dotted_address.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <charconv>
-#include <netinet/in.h>
 
 namespace kestrava {
 namespace {
 
 constexpr std::size_t kMostDigits = 3;
+
+/// The four numbers in the order in which they are written, which is network byte order.
+using Parts = std::array<std::uint8_t, 4>;
 
 bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
@@ -29,23 +33,26 @@ std::optional<std::uint32_t> ParseDottedAddress(std::string_view text) {
   if (first == text.npos) return std::nullopt;
   text = text.substr(first, text.find_last_not_of(' ') + 1 - first);
 
-  std::uint32_t address = 0;
-  for (int index = 0; index < 4; ++index) {
+  Parts address{};
+  for (std::size_t index = 0; index < address.size(); ++index) {
     if (index > 0) {
       if (!text.starts_with('.')) return std::nullopt;
       text.remove_prefix(1);
     }
     const auto part = TakePart(text);
     if (!part) return std::nullopt;
-    address = address << 8 | *part;
+    address[index] = *part;
   }
   if (!text.empty()) return std::nullopt;
-  return htonl(address);
+  return std::bit_cast<std::uint32_t>(address);
 }
 
 bool IsMachineAddress(std::uint32_t address) {
-  const std::uint32_t number = ntohl(address);
-  return number != INADDR_ANY && number != INADDR_BROADCAST && !IN_MULTICAST(number);
+  constexpr Parts kNone{0, 0, 0, 0};
+  constexpr Parts kAll{255, 255, 255, 255};
+  constexpr int kMulticast = 0xE;  // the four highest bits
+  const auto parts = std::bit_cast<Parts>(address);
+  return parts != kNone && parts != kAll && parts[0] >> 4 != kMulticast;
 }
 
 }  // namespace kestrava

@@ -1,4 +1,4 @@
-#include "platform/linux/x224.h"
+#include "platform/net/x224.h"
 
 namespace kestrava {
 namespace {
