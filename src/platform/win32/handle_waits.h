@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "platform/win32/handle_watch.h"
 #include "platform/win32/message_window.h"
 #include "platform/win32/win32_event_loop.h"
 
@@ -27,6 +28,7 @@ class HandleWaits {
 
   Win32EventLoop& eventLoop_;
   MessageWindow window_;
+  HandleWatch watch_;
   std::vector<Wait*> waiting_;
   std::uintptr_t lastNumber_ = 0;
 };
@@ -48,15 +50,13 @@ class [[nodiscard]] HandleWaits::Wait {
  private:
   friend HandleWaits;
 
-  static void __stdcall Tell(void* wait, unsigned char timedOut);
   void End() noexcept;
 
   HandleWaits& waits_;
   void* handle_;
   std::chrono::milliseconds longest_;
-  void* registration_ = nullptr;  ///< with the system's pool, while it waits
   std::uintptr_t number_ = 0;     ///< of the message that ends it
-  std::coroutine_handle<> work_;
+  std::coroutine_handle<> work_;  ///< set while it waits
 };
 
 inline HandleWaits::Wait HandleWaits::Signalled(void* handle, std::chrono::milliseconds longest) {
