@@ -5,8 +5,8 @@
 #include <cerrno>
 #include <random>
 
-#include "platform/net/dotted_address.h"
 #include "platform/linux/ping_program.h"
+#include "platform/net/dotted_address.h"
 
 namespace kestrava {
 namespace {
