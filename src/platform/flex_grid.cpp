@@ -114,6 +114,10 @@ Color MSFlexGrid::BackColorAt(std::int32_t row, std::int32_t col) const {
 
 /// The number of the first row with that serial or a higher one; `Rows` if there is none.
 std::int32_t MSFlexGrid::FirstRowFrom(std::uint64_t serial) const {
+  // Whoever asks walks down the table, so it is the current row or the next one, as a rule.
+  const std::uint64_t current = RowAt(row_).Serial();
+  if (current == serial) return row_;
+  if (current + 1 == serial) return row_ + 1;
   std::int32_t first = 0;
   for (std::int32_t end = Rows(); first < end;) {
     const std::int32_t middle = std::midpoint(first, end);
