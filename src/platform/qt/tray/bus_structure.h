@@ -1,10 +1,11 @@
 #pragma once
 
 #include <QDBusArgument>
+#include <QDBusMetaType>
 
 namespace kestrava {
 
-/// Writes a structure of these fields, and reads one. Every type that goes over the bus wants both.
+/// Writes a structure of these fields, and reads one.
 template <typename... Fields>
 QDBusArgument& WriteStructure(QDBusArgument& argument, const Fields&... fields) {
   argument.beginStructure();
@@ -19,6 +20,17 @@ const QDBusArgument& ReadStructure(const QDBusArgument& argument, Fields&... fie
   (argument >> ... >> fields);
   argument.endStructure();
   return argument;
+}
+
+/// Makes a type known to the bus layer that is sent, and never read. `qDBusRegisterMetaType` wants
+/// the code to read it, too.
+template <typename Sent>
+void RegisterSentType() {
+  const auto write = [](QDBusArgument& argument, const void* value) {
+    argument << *static_cast<const Sent*>(value);
+  };
+  const auto readNothing = [](const QDBusArgument&, void*) {};
+  QDBusMetaType::registerMarshallOperators(QMetaType::fromType<Sent>(), write, readNothing);
 }
 
 }  // namespace kestrava

@@ -21,9 +21,9 @@ QString Label(QString caption) { return caption.replace('&', '_'); }
 }  // namespace
 
 ExportedMenu::ExportedMenu(const QMenu& menu) : menu_(menu) {
-  qDBusRegisterMetaType<ExportedEntry>();
-  qDBusRegisterMetaType<ExportedProperties>();
-  qDBusRegisterMetaType<QList<ExportedProperties>>();
+  RegisterSentType<ExportedEntry>();
+  RegisterSentType<ExportedProperties>();
+  RegisterSentType<QList<ExportedProperties>>();
   qDBusRegisterMetaType<ExportedEvent>();
   qDBusRegisterMetaType<QList<ExportedEvent>>();
   SessionBus().registerObject(

@@ -18,9 +18,6 @@ struct ExportedEntry {
   friend QDBusArgument& operator<<(QDBusArgument& argument, const ExportedEntry& value) {
     return WriteStructure(argument, value.id, value.properties, value.children);
   }
-  friend const QDBusArgument& operator>>(const QDBusArgument& argument, ExportedEntry& value) {
-    return ReadStructure(argument, value.id, value.properties, value.children);
-  }
 };
 
 struct ExportedProperties {
@@ -29,9 +26,6 @@ struct ExportedProperties {
 
   friend QDBusArgument& operator<<(QDBusArgument& argument, const ExportedProperties& value) {
     return WriteStructure(argument, value.id, value.properties);
-  }
-  friend const QDBusArgument& operator>>(const QDBusArgument& argument, ExportedProperties& value) {
-    return ReadStructure(argument, value.id, value.properties);
   }
 };
 

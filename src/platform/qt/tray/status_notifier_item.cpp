@@ -34,9 +34,9 @@ constexpr int kSizes[] = {16, 22, 24, 32, 48};
 
 StatusNotifierItem::StatusNotifierItem(const QIcon& icon, const QString& tip, const QMenu* menu)
     : icon_(icon), tip_(tip) {
-  qDBusRegisterMetaType<IconImage>();
-  qDBusRegisterMetaType<IconImages>();
-  qDBusRegisterMetaType<IconTip>();
+  RegisterSentType<IconImage>();
+  RegisterSentType<IconImages>();
+  RegisterSentType<IconTip>();
   if (menu) menu_.emplace(*menu);
   SessionBus().registerObject(
       kPath, this,

@@ -21,9 +21,6 @@ struct IconImage {
   friend QDBusArgument& operator<<(QDBusArgument& argument, const IconImage& value) {
     return WriteStructure(argument, value.width, value.height, value.pixels);
   }
-  friend const QDBusArgument& operator>>(const QDBusArgument& argument, IconImage& value) {
-    return ReadStructure(argument, value.width, value.height, value.pixels);
-  }
 };
 using IconImages = QList<IconImage>;
 
@@ -35,9 +32,6 @@ struct IconTip {
 
   friend QDBusArgument& operator<<(QDBusArgument& argument, const IconTip& value) {
     return WriteStructure(argument, value.iconName, value.images, value.title, value.text);
-  }
-  friend const QDBusArgument& operator>>(const QDBusArgument& argument, IconTip& value) {
-    return ReadStructure(argument, value.iconName, value.images, value.title, value.text);
   }
 };
 
