@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/qt/frame_place.h"
+#include "platform/qt/wayland.h"
 
 namespace kestrava {
 
@@ -16,6 +17,7 @@ int ModalWaits::Ask(QDialog& dialog) {
   connect(&eventLoop_, &QtEventLoop::Ended, &dialog, &QDialog::reject);
   const Wait wait(*this, dialog);
   dialog.show();
+  LetMaximize(dialog);
   answer.exec();
   return dialog.result();
 }

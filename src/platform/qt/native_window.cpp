@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
+#include <utility>
 
 #include "platform/qt/frame_place.h"
 #include "platform/qt/native_controls.h"
@@ -115,9 +116,6 @@ bool NativeWindow::eventFilter(QObject* watched, QEvent* event) {
         connect(widget_->windowHandle(), &QWindow::windowStateChanged, this,
                 &NativeWindow::TakeMinimize,
                 static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::UniqueConnection));
-        connect(widget_->windowHandle(), &QWindow::windowStateChanged, this,
-                &NativeWindow::RefuseMaximize,
-                static_cast<Qt::ConnectionType>(Qt::DirectConnection | Qt::UniqueConnection));
       }
       break;
     case QEvent::Move:
@@ -240,8 +238,9 @@ void NativeWindow::ShowVisibility() {
     Arrange();
     KeepCentre();
   }
-  everShown_ = true;
+  const bool shownBefore = std::exchange(everShown_, true);
   widget_->show();
+  if (!shownBefore) LetMaximize(*widget_);
   if (hiddenAt_) {
     // It comes back in front.
     widget_->raise();
@@ -256,10 +255,6 @@ void NativeWindow::TakeWindowState() {
 
 void NativeWindow::TakeMinimize(Qt::WindowState state) {
   if (link_ && state == Qt::WindowMinimized) SetWindowState(WindowState::Minimized);
-}
-
-void NativeWindow::RefuseMaximize(Qt::WindowState state) {
-  if (state == Qt::WindowMaximized) widget_->windowHandle()->setWindowState(Qt::WindowNoState);
 }
 
 void NativeWindow::SetWindowState(WindowState state) {

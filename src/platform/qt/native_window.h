@@ -70,9 +70,6 @@ class NativeWindow final : public QObject {
   /// The user has minimised the window or brought it back.
   void TakeWindowState();
   void TakeMinimize(Qt::WindowState state);
-  /// The title bar that the toolkit draws on Wayland has a maximise button whatever it is told, and
-  /// a window of fixed size would only be moved by it.
-  void RefuseMaximize(Qt::WindowState state);
   void SetWindowState(WindowState state);
   /// Presses the cancel button, or the close box of a dialog that has no such button.
   void LeaveByEscape();

@@ -3,6 +3,7 @@
 #include <QMessageBox>
 
 #include "platform/qt/text.h"
+#include "platform/qt/wayland.h"
 
 namespace kestrava {
 
@@ -38,6 +39,7 @@ class QtOpenMsgBox final : public OpenMsgBox {
     QObject::connect(box_, &QDialog::finished, box_,
                      [answered = std::move(answered)] { answered(); });
     box_->show();
+    LetMaximize(*box_);
   }
   ~QtOpenMsgBox() override {
     box_->disconnect();
