@@ -44,7 +44,8 @@ TEST(Schedule, CountsFromTheEndOfThePass) {
   program.Add("A", "10.0.0.1");
   const SharedState& state = program.window.State();
   const auto tick = [&] {
-    program.clock.now += 1min;
+    program.clock.now +=
+        floor<std::chrono::seconds>(std::chrono::milliseconds(program.window.tmrCheck.Interval()));
     program.window.tmrCheck.Tick.Raise();
   };
   tick();

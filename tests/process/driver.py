@@ -60,7 +60,8 @@ class Stage:
         self.bus = dbus.SessionBus(mainloop=dbus.mainloop.glib.DBusGMainLoop())
         self.bus.add_message_filter(self.answer)
         self.tray = self.tray_icon = None
-        self.pictures, self.told, self.silent_at = {}, [], ()
+        self.pictures, self.told = {}, []
+        self.silent_at, self.unanswered = (), []
 
     # What is done.
 
@@ -93,6 +94,12 @@ class Stage:
     def silent(self, *calls):
         """Leaves these calls unanswered from now on."""
         self.silent_at = calls
+        self.unanswered = []
+
+    def answer_late(self):
+        self.silent_at = ()
+        for message in self.unanswered:
+            self.answer_one(message)
 
     def freeze_bus(self):
         os.kill(int(os.environ["BUS"]), signal.SIGSTOP)
@@ -197,6 +204,10 @@ class Stage:
         """All that the exported menu offers."""
         self.until(lambda: list(self.exported_entries()) == " ".join(labels).split(", "))
 
+    def tip(self, *words):
+        """What the icon in the tray says under the pointer."""
+        self.until(lambda: self.item("ToolTip")[2] == " ".join(words))
+
     def item(self, name):
         """A property of the icon in the tray, that comes when the program has done all before."""
         return self.ask("/StatusNotifierItem", dbus.PROPERTIES_IFACE, "Get", "ss", ITEM, name)
@@ -221,7 +232,7 @@ class Stage:
         while not over:
             GLib.MainContext.default().iteration()
 
-    def answer(self, connection, message):
+    def answer(self, _, message):
         """Answers as a notification service, and as a watcher that is a host of icons."""
         member = message.get_member()
         if message.get_type() != 1 or not message.get_destination().startswith("org."):
@@ -234,12 +245,16 @@ class Stage:
         elif member == "RegisterStatusNotifierItem":
             self.tray_icon = message.get_sender()
         if member in self.silent_at:
-            return dbus.lowlevel.HANDLER_RESULT_HANDLED
-        answer = dbus.lowlevel.MethodReturnMessage(message)
-        signature, values = ANSWERS.get(member, ("", []))
-        answer.append(*values, signature=signature)
-        connection.send_message(answer)
+            self.unanswered.append(message)
+        else:
+            self.answer_one(message)
         return dbus.lowlevel.HANDLER_RESULT_HANDLED
+
+    def answer_one(self, call):
+        answer = dbus.lowlevel.MethodReturnMessage(call)
+        signature, values = ANSWERS.get(call.get_member(), ("", []))
+        answer.append(*values, signature=signature)
+        self.bus.send_message(answer)
 
     def ask(self, path, interface, method, signature, *arguments):
         """Calls the program, and gives its answer."""

@@ -108,7 +108,7 @@ SCENARIOS = {
 "AHostOfIconsAndItsMenu": r"""
   settings Tray=1
   freeze_bus; start             | up icon
-  thaw_bus; serve tray          | up; offered Restore Kestrava, E_xit
+  thaw_bus; serve tray          | up; offered Restore Kestrava, E_xit; tip Kestrava
   leave tray                    | up icon
   silent RegisterStatusNotifierItem; serve tray | up icon
   leave tray; silent; serve tray | up
@@ -162,7 +162,8 @@ SCENARIOS = {
   silent Notify
   hold_pass; start              | at main
   click check; minimize main; release_pass | up balloon icon
-  click_window 1 balloon        | at main
+  answer_late                   | notified 5 of your Connections, closed
+  silent Notify; click_window 1 balloon | at main
   hold_pass; click check
   keys alt+F4                   | ends 0
 """,
