@@ -72,4 +72,14 @@ TEST(Reports, NameTheOneFailureOrCountThem) {
   for (const auto& [names, text] : cases) EXPECT_EQ(FailureReport(names), text);
 }
 
+TEST(Reports, AreNotMadeWhileTheWindowShowsOrWithTipsOff) {
+  for (const auto& stored : {StoredSettings{{"Tips", "1"}}, {{"Tips", "0"}, {"Tray", "1"}}}) {
+    Scenario program(stored);
+    program.Add("A", "10.0.0.1");
+    program.Check();
+    EXPECT_EQ(program.window.State().FailedConnections, Texts{"A"});
+    EXPECT_EQ(program.shell.told.size(), 2U) << "the icon was added, and no more";
+  }
+}
+
 }  // namespace kestrava::test
