@@ -25,7 +25,7 @@ import scenarios
 HOME = os.environ["HOME"]
 SETTINGS = pathlib.Path(HOME, "config/Kestrava/Kestrava.conf")
 MAGIC = "ZR_Kestrava_ConnectionList"
-PATIENCE = float(os.environ.get("PATIENCE", "100"))  # seconds
+PATIENCE = float(os.environ.get("PATIENCE", "60"))  # seconds
 # Rows of a list by name: a machine that answers, one that can't be, and one that is silent.
 ROWS = {"here": "H,127.0.0.1,x,Enabled,y", "dead": "a<b,0.0.0.0,x,Enabled,y",
         "silent": "S,192.0.2.3,x,Enabled,y"}
@@ -60,6 +60,7 @@ class Stage:
         self.bus = dbus.SessionBus(mainloop=dbus.mainloop.glib.DBusGMainLoop())
         self.bus.add_message_filter(self.answer)
         self.tray = self.tray_icon = None
+        self.patience = PATIENCE
         self.pictures, self.told = {}, []
         self.silent_at, self.unanswered = (), []
 
@@ -78,8 +79,9 @@ class Stage:
             self.process = subprocess.Popen(words, stdout=said, stderr=subprocess.STDOUT)
 
     def avoid_end_of_minute(self):
-        """Lets no tick that is due a minute later fall into the minute after."""
+        """Lets no tick that is due a minute later fall into the minute after. It is waited for."""
         self.until(lambda: time.time() % 60 < 40)
+        self.patience += 60
 
     def run(self, *words):
         subprocess.run(words, check=True, stdout=subprocess.DEVNULL)
@@ -220,7 +222,7 @@ class Stage:
     # What these are made of.
 
     def until(self, condition):
-        deadline = time.monotonic() + PATIENCE
+        deadline = time.monotonic() + self.patience
         while not condition():
             assert time.monotonic() < deadline, (list(self.windows()), self.told)
             self.pause(30)
