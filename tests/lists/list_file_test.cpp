@@ -199,6 +199,8 @@ TEST_F(ListFile, ASaveIsOnTheDiskWhenItIsTold) {
   const int before = syncs;
   EXPECT_EQ(Save(file), "");
   EXPECT_EQ(syncs, before + 1);
+  std::filesystem::permissions(file, std::filesystem::perms(0444));
+  EXPECT_EQ(Save(file), "") << "one that is for reading alone is replaced";
   syncError = EIO;
   EXPECT_EQ(Save(file), SystemError(EIO));
   syncError = 0;

@@ -94,12 +94,14 @@ SCENARIOS = {
   keys Return                   | at main; same enabled
   keys Return                   | at main; same disabled
   keys Left Left Return         | at Connection Address
-  keys Escape                   | at main; look before
+  type 127.0.0.1; keys Escape   | at main; look before
   keys Return                   | at Connection Address
   type 127.0.0.1; keys Return   | at main; differs before
   click check                   | lamps red green
   click remove                  | at Remove Connections
-  keys space Escape             | at main; lamps red green
+  keys space; look ticked; keys space | differs ticked; look clear
+  keys space                    | differs clear
+  keys Escape                   | at main; lamps red green
   click remove                  | at Remove Connections
   keys space Return             | at main; lamps green
   keys alt+f n                  | at main; lamps

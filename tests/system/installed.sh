@@ -21,7 +21,8 @@ for size in 16 22 32 48 64 128 256; do
 done
 
 manual=$usr/share/kestrava/manual
-for picture in $(grep -o 'KVManual/[^"]*' "$manual/KVManual.html"); do
+pictures=$(grep -o 'KVManual/[^"]*' "$manual/KVManual.html")
+for picture in $pictures; do
   [[ -s "$manual/$picture" ]]
 done
 [[ -s $usr/share/man/man1/kestrava.1 ]]
