@@ -5,6 +5,7 @@ mutate.py SEED COUNT [CTEST ARGUMENT...]: prints each fault that no test caught,
 line. The same seed on the same sources gives the same faults. A fault that the compiler refuses
 doesn't count. The copy stays in build/mutate, so that a second run builds less.
 """
+import json
 import os
 import pathlib
 import random
@@ -44,7 +45,11 @@ def copy_sources():
 
 def possible_faults():
     """Gives (file, line number, what is wrong, the line with the fault) of all places."""
+    commands = json.loads((COPY / "build/compile_commands.json").read_text(encoding="utf-8"))
+    built = {command["file"] for command in commands}
     for path in sorted(COPY.glob("src/**/*.cpp")):
+        if str(path.resolve()) not in built:
+            continue
         for number, line in enumerate(path.read_text(encoding="utf-8").split("\n")):
             if line.lstrip().startswith(("//", "#", "static_assert")):
                 continue
@@ -63,7 +68,8 @@ def is_caught(path, number, changed, tests):
     try:
         if not run("cmake", "--build", "--preset", "release"):
             return None
-        return not run("ctest", "--test-dir", "build", "-j2", "--stop-on-failure", *tests)
+        return not run("ctest", "--test-dir", "build", "-j4", "--timeout", "120",
+                       "--stop-on-failure", *tests)
     finally:
         path.write_text(sound, encoding="utf-8")
 
@@ -74,6 +80,7 @@ def main():
     copy_sources()
     if shutil.which("ccache"):
         os.environ.update(CMAKE_CXX_COMPILER_LAUNCHER="ccache")
+    os.environ.update(PATIENCE="30")  # seconds until the tests of the process take it for stuck
     if not (run("cmake", "--preset", "release", "-DKESTRAVA_BUILD_TESTS=ON")
             and run("cmake", "--build", "--preset", "release")
             and run("ctest", "--test-dir", "build", "-j2", *tests)):

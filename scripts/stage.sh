@@ -16,7 +16,11 @@ open_stage() {
 
 clear_stage() {
   local process
-  for process in "${stage_processes[@]}"; do kill "$process" 2>/dev/null || true; done
+  # One that was stopped hears of its end when it goes on.
+  for process in "${stage_processes[@]}"; do
+    kill "$process" 2>/dev/null || true
+    kill -CONT "$process" 2>/dev/null || true
+  done
   for process in "${stage_processes[@]}"; do wait "$process" 2>/dev/null || true; done
   rm -rf "$stage_folder"
 }

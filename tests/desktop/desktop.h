@@ -38,7 +38,7 @@ inline QWidget* Widget(const QString& name) {
   return name == "frmMain" ? nullptr : Widget("frmMain")->findChild<QWidget*>(name);
 }
 inline bool Until(const std::function<bool()>& condition) {
-  return QTest::qWaitFor(condition, 8000);
+  return QTest::qWaitFor(condition, 60000);
 }
 /// The names of the windows that are up.
 inline QStringList VisibleWindows() {
@@ -118,7 +118,7 @@ struct Desktop {
     Finish();
   }
   std::string Cell(int row, int column) const { return grid.TextAt(row, column); }
-  /// The texts of a column, with ";" behind each.
+  /// The texts of a column, with ";" after each.
   std::string Texts(int column) const {
     std::string texts;
     for (int row = 1; row < grid.Rows(); ++row) texts += Cell(row, column) + ";";

@@ -14,7 +14,8 @@ TEST(Wayland, TheIconStandsInTheMenuBarOrAloneAndLeadsBack) {
     desktop.window->windowHandle()->setWindowState(Qt::WindowMinimized);  // as by its own button
     ASSERT_TRUE(Until([] { return VisibleWindows() == QStringList("trayStandIn"); }));
     InDialogs({[](QWidget* menu) {
-      QTest::keyClick(menu, Qt::Key_Down), QTest::keyClick(menu, Qt::Key_Return);
+      QTest::keyClick(menu, Qt::Key_Down);
+      QTest::keyClick(menu, Qt::Key_Return);
     }});
     QTest::keyClick(Widget("trayStandIn"), Qt::Key_Return);
     ASSERT_TRUE(Until([&] { return desktop.window->isVisible() && inMenuBar(); }));

@@ -174,7 +174,11 @@ TEST(Windows, TheMenuWorksAndAListAndThePreferencesOutliveTheProgram) {
 TEST(Windows, GoToTheTrayAndBack) {
   const Desktop desktop("-1");
   for (const bool minimizes : {false, true}) {
-    minimizes ? desktop.window->setWindowState(Qt::WindowMinimized) : Pick("mnuFileTray");
+    if (minimizes) {
+      desktop.window->setWindowState(Qt::WindowMinimized);
+    } else {
+      Pick("mnuFileTray");
+    }
     EXPECT_FALSE(desktop.window->isVisible());
     Pick("mnuFileRestore");
     EXPECT_TRUE(desktop.window->isVisible() && !desktop.window->isMinimized());

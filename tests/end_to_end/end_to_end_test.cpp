@@ -27,6 +27,10 @@ TEST(EndToEnd, EveryKindOfMachineShowsItsOutcome) {
     }
   }
   EXPECT_EQ(check(), "Offline (No Response)") << "refused";
+  {
+    const PeerProgram slow({"peer.py", "stays", "0300000b06d00000123400", "0.05"});
+    EXPECT_EQ(check(), "Online (RDP Response)") << "the attempt is given its time";
+  }
   const PeerProgram notRdp({"peer.py", "stays", "5353482d322e302d780d0a", "0"});
   EXPECT_EQ(check(), "Offline (No Response)") << "an open port is not enough";
 }

@@ -20,7 +20,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Require(IsReplyTo(request, 1, message) == (word(0) == 0 && sum != 0 && sum % 0xFFFF == 0));
   Require(IsErrorAbout(request, 1, message) == (word(0) == 0x800));
   Require(!IsReplyTo(request, 2, message) && !IsErrorAbout(request, 2, message));
-  ++(data[1] % 2 == 0 ? request.sequence : *request.identifier);
+  if (data[1] % 2 == 0) {
+    ++request.sequence;
+  } else {
+    ++*request.identifier;
+  }
   Require(!IsReplyTo(request, 1, message) && !IsErrorAbout(request, 1, message));
   const auto status = StatusOfIcmpError(message[0], message[1]);
   Require(!status || EchoStatusText(*status).find("unknown") == std::string::npos);

@@ -16,6 +16,7 @@ TEST(ListCommands, LoopUntilAFileServesOrFails) {
     std::string box;
     std::int32_t rows;
     std::string lastListFile;
+    std::size_t questions = 0;
     YesNo overwrite = YesNo::Yes;
   } cases[] = {
       {create, {}, 0, "", 1, "before"},
@@ -25,8 +26,8 @@ TEST(ListCommands, LoopUntilAFileServesOrFails) {
       {load, {"no", "good"}, 1, notLoaded, 1, "before"},
       {load, {"short"}, 1, notLoaded, 3, "before"},
       {save, {}, 1, "", 3, "before"},
-      {save, {"good"}, 1, saved, 3, "good"},
-      {save, {"good", "good", "new"}, 3, saved, 3, "new", YesNo::No},
+      {save, {"good"}, 1, saved, 3, "good", 1},
+      {save, {"good", "good", "new"}, 3, saved, 3, "new", 2, YesNo::No},
   };
   for (const auto& expected : cases) {
     SCOPED_TRACE(testing::PrintToString(expected.choices));
@@ -47,10 +48,9 @@ TEST(ListCommands, LoopUntilAFileServesOrFails) {
     std::vector<std::pair<std::string, MessageIcon>> boxes;
     if (!expected.box.empty()) boxes.emplace_back(expected.box, MessageIcon::None);
     EXPECT_EQ(program.desktop.boxes, boxes);
-    for (const std::string& question : program.desktop.questions) {
-      EXPECT_EQ(question,
-                "Overwrite File ? Are you sure you want to overwrite the existing file ?");
-    }
+    const auto* question =
+        "Overwrite File ? Are you sure you want to overwrite the existing file ?";
+    EXPECT_EQ(program.desktop.questions, Texts(expected.questions, question));
     EXPECT_EQ(program.window.grdServers.Rows(), expected.rows);
     EXPECT_EQ(program.window.State().LastListFile, expected.lastListFile);
     EXPECT_TRUE(program.window.cmdCheck.Enabled() == (expected.rows > 1) ||

@@ -9,6 +9,7 @@
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <thread>
 #include <unistd.h>
 
@@ -17,6 +18,20 @@
 #include "support/await.h"
 #include "support/bare_table.h"
 #include "support/memory_desktop.h"
+
+namespace {
+
+std::atomic<int> syncs = 0;
+std::atomic<int> syncError = 0;
+
+}  // namespace
+
+/// Takes the place of the C library's, as nobody sees whether a file has come to the disk.
+extern "C" int fsync(int file) {
+  ++syncs;
+  errno = syncError;
+  return errno == 0 ? static_cast<int>(syscall(SYS_fsync, file)) : -1;
+}
 
 namespace kestrava::test {
 
@@ -177,6 +192,18 @@ TEST_F(ListFile, WhatHangsIsLeftToItself) {
     save.Start();
   }
   EXPECT_TRUE(written) << "the end of the program cuts no save off";
+}
+
+TEST_F(ListFile, ASaveIsOnTheDiskWhenItIsTold) {
+  AppendConnectionRow(table.grid);
+  const int before = syncs;
+  EXPECT_EQ(Save(file), "");
+  EXPECT_EQ(syncs, before + 1);
+  std::filesystem::permissions(file, std::filesystem::perms(0444));
+  EXPECT_EQ(Save(file), "") << "one that is for reading alone is replaced";
+  syncError = EIO;
+  EXPECT_EQ(Save(file), SystemError(EIO));
+  syncError = 0;
 }
 
 TEST_F(ListFile, ASaveFollowsLinks) {

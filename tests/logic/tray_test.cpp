@@ -5,24 +5,13 @@ namespace kestrava::test {
 
 const StoredSettings kInTray = {{"Tray", "1"}};
 
-static NOTIFYICONDATA Record(std::int32_t flags) {
-  NOTIFYICONDATA record{};
-  record.cbSize = 504;
-  record.hWnd = MemoryShell::kWindow;
-  record.uID = 999;
-  record.uFlags = flags;
-  return record;
-}
-
-/// Fills a field as the record holds it: text, one NUL, blanks.
+/// A record's field up to its NUL, or all of it.
 template <std::size_t kWidth>
-static void Put(std::string text, char (&field)[kWidth]) {
-  text += '\0';
-  text.resize(std::max(kWidth, text.size()), ' ');
-  text.copy(field, kWidth);
+static std::string TextIn(const char (&field)[kWidth]) {
+  return {field, std::find(field, field + kWidth, '\0')};
 }
 
-TEST(NotificationIcon, TellsExactlyTheseRecords) {
+TEST(NotificationIcon, IsAddedTellsTheFailureTakesItBackAndGoes) {
   Scenario program(kInTray);
   program.Add(std::string(300, 'x'), "10.0.0.1");
   program.Check();
@@ -31,28 +20,20 @@ TEST(NotificationIcon, TellsExactlyTheseRecords) {
   EXPECT_FALSE(program.window.tmrBalloon.Enabled());
   program.window.mnuFileExit.Click.Raise();
 
-  const auto& told = program.shell.told;
-  ASSERT_EQ(told.size(), 5U);
-  NOTIFYICONDATA add = Record(7);
-  add.uCallbackMessage = 32789;
-  add.hIcon = MemoryShell::kIcon;
-  add.dwState = 2;
-  add.uTimeout = 3;
-  Put("Kestrava", add.szTip);
-  NOTIFYICONDATA balloon = Record(16);
-  balloon.dwInfoFlags = 4;
-  Put("Kestrava", balloon.szInfoTitle);
-  Put("Kestrava failed to communicate with the " + std::string(300, 'x'), balloon.szInfo);
-  NOTIFYICONDATA hide = Record(20);
-  hide.uTimeout = 3;
-  Put("", hide.szTip);
-  const std::pair<std::int32_t, NOTIFYICONDATA> expected[] = {
-      {0, add}, {4, add}, {1, balloon}, {1, hide}, {2, Record(0)}};
-  for (std::size_t call = 0; call < 5; ++call) {
-    const auto& [message, record] = expected[call];
-    EXPECT_EQ(told[call].first, message);
-    EXPECT_EQ(std::memcmp(&told[call].second, &record, sizeof(record)), 0) << "call " << call;
+  Texts told;
+  for (const auto& [message, record] : program.shell.told) {
+    EXPECT_EQ(record.hWnd, MemoryShell::kWindow);
+    EXPECT_EQ(record.uID, 999);
+    told.push_back(std::to_string(message) + " " + std::to_string(record.uFlags) + " " +
+                   TextIn(record.szTip) + "|" + TextIn(record.szInfoTitle) + "|" +
+                   TextIn(record.szInfo));
   }
+  const std::string whole = "Kestrava failed to communicate with the " + std::string(216, 'x');
+  EXPECT_EQ(told, (Texts{"0 7 Kestrava||", "4 7 Kestrava||", "1 16 |Kestrava|" + whole, "1 20 ||",
+                         "2 0 ||"}));
+  const NOTIFYICONDATA& added = program.shell.told.front().second;
+  EXPECT_EQ(added.uCallbackMessage, 32789);
+  EXPECT_EQ(added.hIcon, MemoryShell::kIcon);
   EXPECT_EQ(program.shell.calls, (Texts{"proc 101", "proc 100"}));
 }
 
@@ -89,6 +70,16 @@ TEST(Reports, NameTheOneFailureOrCountThem) {
       {{""}, "Kestrava failed to communicate with the  Connection" + more},
       {{"A", "A"}, "Kestrava failed to communicate with 2 of your Connections" + more}};
   for (const auto& [names, text] : cases) EXPECT_EQ(FailureReport(names), text);
+}
+
+TEST(Reports, AreNotMadeWhileTheWindowShowsOrWithTipsOff) {
+  for (const auto& stored : {StoredSettings{{"Tips", "1"}}, {{"Tips", "0"}, {"Tray", "1"}}}) {
+    Scenario program(stored);
+    program.Add("A", "10.0.0.1");
+    program.Check();
+    EXPECT_EQ(program.window.State().FailedConnections, Texts{"A"});
+    EXPECT_EQ(program.shell.told.size(), 2U) << "the icon was added, and no more";
+  }
 }
 
 }  // namespace kestrava::test

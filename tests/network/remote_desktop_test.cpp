@@ -10,6 +10,7 @@ namespace kestrava::test {
 const std::string kBare = "0300000b06d00000123400";
 const std::string kConfirm = "030000130ed000001234000201080001000000";
 const std::string kFailure = "030000130ed000001234000301080005000000";
+const std::string kRequest = "0300000b06e00000123400";
 const std::string kNotRdp = "5353482d322e302d780d0a";
 
 class RemoteDesktopPeers : public NetworkTest {
@@ -39,6 +40,7 @@ TEST_F(RemoteDesktopPeers, EachHasItsOutcome) {
     int outcome;  // what `Connected` reads after the attempt, or the number of its error
     std::string end, words, pause = "0";
   } manners[] = {{0, "stays", kNotRdp},
+                 {0, "stays", kRequest},
                  {0, "stays", kConfirm, "0.4"},
                  {0, "floods", kConfirm},
                  {0, "stays", ""},

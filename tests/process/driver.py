@@ -25,7 +25,7 @@ import scenarios
 HOME = os.environ["HOME"]
 SETTINGS = pathlib.Path(HOME, "config/Kestrava/Kestrava.conf")
 MAGIC = "ZR_Kestrava_ConnectionList"
-PATIENCE = float(os.environ.get("PATIENCE", "100"))  # seconds
+PATIENCE = float(os.environ.get("PATIENCE", "60"))  # seconds
 # Rows of a list by name: a machine that answers, one that can't be, and one that is silent.
 ROWS = {"here": "H,127.0.0.1,x,Enabled,y", "dead": "a<b,0.0.0.0,x,Enabled,y",
         "silent": "S,192.0.2.3,x,Enabled,y"}
@@ -60,7 +60,9 @@ class Stage:
         self.bus = dbus.SessionBus(mainloop=dbus.mainloop.glib.DBusGMainLoop())
         self.bus.add_message_filter(self.answer)
         self.tray = self.tray_icon = None
-        self.pictures, self.told, self.silent_at = {}, [], ()
+        self.patience = PATIENCE
+        self.pictures, self.told = {}, []
+        self.silent_at, self.unanswered = (), []
 
     # What is done.
 
@@ -77,8 +79,9 @@ class Stage:
             self.process = subprocess.Popen(words, stdout=said, stderr=subprocess.STDOUT)
 
     def avoid_end_of_minute(self):
-        """Lets no tick that is due a minute later fall into the minute after."""
+        """Lets no tick that is due a minute later fall into the minute after. It is waited for."""
         self.until(lambda: time.time() % 60 < 40)
+        self.patience += 60
 
     def run(self, *words):
         subprocess.run(words, check=True, stdout=subprocess.DEVNULL)
@@ -93,6 +96,12 @@ class Stage:
     def silent(self, *calls):
         """Leaves these calls unanswered from now on."""
         self.silent_at = calls
+        self.unanswered = []
+
+    def answer_late(self):
+        self.silent_at = ()
+        for message in self.unanswered:
+            self.answer_one(message)
 
     def freeze_bus(self):
         os.kill(int(os.environ["BUS"]), signal.SIGSTOP)
@@ -197,6 +206,10 @@ class Stage:
         """All that the exported menu offers."""
         self.until(lambda: list(self.exported_entries()) == " ".join(labels).split(", "))
 
+    def tip(self, *words):
+        """What the icon in the tray says under the pointer."""
+        self.until(lambda: self.item("ToolTip")[2] == " ".join(words))
+
     def item(self, name):
         """A property of the icon in the tray, that comes when the program has done all before."""
         return self.ask("/StatusNotifierItem", dbus.PROPERTIES_IFACE, "Get", "ss", ITEM, name)
@@ -209,7 +222,7 @@ class Stage:
     # What these are made of.
 
     def until(self, condition):
-        deadline = time.monotonic() + PATIENCE
+        deadline = time.monotonic() + self.patience
         while not condition():
             assert time.monotonic() < deadline, (list(self.windows()), self.told)
             self.pause(30)
@@ -221,7 +234,7 @@ class Stage:
         while not over:
             GLib.MainContext.default().iteration()
 
-    def answer(self, connection, message):
+    def answer(self, _, message):
         """Answers as a notification service, and as a watcher that is a host of icons."""
         member = message.get_member()
         if message.get_type() != 1 or not message.get_destination().startswith("org."):
@@ -234,12 +247,16 @@ class Stage:
         elif member == "RegisterStatusNotifierItem":
             self.tray_icon = message.get_sender()
         if member in self.silent_at:
-            return dbus.lowlevel.HANDLER_RESULT_HANDLED
-        answer = dbus.lowlevel.MethodReturnMessage(message)
-        signature, values = ANSWERS.get(member, ("", []))
-        answer.append(*values, signature=signature)
-        connection.send_message(answer)
+            self.unanswered.append(message)
+        else:
+            self.answer_one(message)
         return dbus.lowlevel.HANDLER_RESULT_HANDLED
+
+    def answer_one(self, call):
+        answer = dbus.lowlevel.MethodReturnMessage(call)
+        signature, values = ANSWERS.get(call.get_member(), ("", []))
+        answer.append(*values, signature=signature)
+        self.bus.send_message(answer)
 
     def ask(self, path, interface, method, signature, *arguments):
         """Calls the program, and gives its answer."""

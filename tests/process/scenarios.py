@@ -94,12 +94,14 @@ SCENARIOS = {
   keys Return                   | at main; same enabled
   keys Return                   | at main; same disabled
   keys Left Left Return         | at Connection Address
-  keys Escape                   | at main; look before
+  type 127.0.0.1; keys Escape   | at main; look before
   keys Return                   | at Connection Address
   type 127.0.0.1; keys Return   | at main; differs before
   click check                   | lamps red green
   click remove                  | at Remove Connections
-  keys space Escape             | at main; lamps red green
+  keys space; look ticked; keys space | differs ticked; look clear
+  keys space                    | differs clear
+  keys Escape                   | at main; lamps red green
   click remove                  | at Remove Connections
   keys space Return             | at main; lamps green
   keys alt+f n                  | at main; lamps
@@ -108,7 +110,7 @@ SCENARIOS = {
 "AHostOfIconsAndItsMenu": r"""
   settings Tray=1
   freeze_bus; start             | up icon
-  thaw_bus; serve tray          | up; offered Restore Kestrava, E_xit
+  thaw_bus; serve tray          | up; offered Restore Kestrava, E_xit; tip Kestrava
   leave tray                    | up icon
   silent RegisterStatusNotifierItem; serve tray | up icon
   leave tray; silent; serve tray | up
@@ -162,7 +164,8 @@ SCENARIOS = {
   silent Notify
   hold_pass; start              | at main
   click check; minimize main; release_pass | up balloon icon
-  click_window 1 balloon        | at main
+  answer_late                   | notified 5 of your Connections, closed
+  silent Notify; click_window 1 balloon | at main
   hold_pass; click check
   keys alt+F4                   | ends 0
 """,

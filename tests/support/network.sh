@@ -19,6 +19,7 @@ peer) # It forwards, so that it answers as a router does, but drops what is for 
   echo 0 >conf/all/send_redirects
   ip link set lo up
   ip addr add 10.66.1.2/24 dev peer
+  ip addr add 10.66.1.3/24 dev peer
   ip link set peer up
   ip route add blackhole 10.66.2.0/24
   ip route add unreachable 10.66.3.0/24

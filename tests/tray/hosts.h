@@ -7,6 +7,7 @@
 #include <QDebug>
 #include <QProcess>
 #include <QThread>
+#include <optional>
 
 namespace kestrava::test {
 
@@ -25,18 +26,23 @@ struct Program : QProcess {
 
 /// An X server of the test's own, with nothing on it but the application.
 struct Screen {
+  Screen() {
+    qputenv("DISPLAY", ":" + server.FirstLine());
+    application.emplace(argc, argv);
+  }
+
   Program server{"Xvfb", {"-displayfd", "1", "-nolisten", "tcp"}};
-  bool named = qputenv("DISPLAY", ":" + server.FirstLine());
   int argc = 1;
   char name[5] = "test";
   char* argv[2] = {name, nullptr};
-  QApplication application{argc, argv};
+  std::optional<QApplication> application;
 };
 
 /// A session bus of the test's own. It starts nothing, so that only the test's services are on it.
 struct Bus {
+  Bus() { qputenv("DBUS_SESSION_BUS_ADDRESS", daemon.FirstLine()); }
+
   Program daemon{"dbus-daemon", {"--nofork", "--print-address", "--config-file=" BUS_CONFIG}};
-  bool named = qputenv("DBUS_SESSION_BUS_ADDRESS", daemon.FirstLine());
 };
 
 /// A notification service.
@@ -113,7 +119,7 @@ struct Services {
   void ClickFrom(QDBusConnection sender) {
     auto click = QDBusMessage::createSignal(kNotificationsPath, kNotifications, "ActionInvoked");
     click.setArguments({41U, "default"});
-    // Behind the answer to the call that showed it.
+    // After the answer to the call that showed it.
     Look([&] { return sender.send(click); });
   }
   /// Calls a method of the icon, and gives the answer as text.

@@ -1,0 +1,46 @@
+#include "platform/qt/native_timer.h"
+
+#include <thread>
+
+#include "desktop/desktop.h"
+
+namespace kestrava::test {
+
+using namespace std::chrono_literals;
+using std::chrono::steady_clock;
+
+constexpr auto kInterval = 1000ms;
+constexpr TimerSpec kTimers[] = {{"timer", kInterval.count(), true}};
+constexpr FormSpec kForm = {.name = "form",
+                            .caption = "",
+                            .style = FormStyle::ToolWindow,
+                            .width = 1,
+                            .height = 1,
+                            .controls = {},
+                            .menu = {},
+                            .timers = kTimers,
+                            .defaultButton = "",
+                            .cancelButton = ""};
+
+TEST(NativeTimer, ATickThatComesLatePutsOffNoneOfThoseToCome) {
+  Form form(kForm);
+  Timer timer(form, "timer");
+  const auto start = steady_clock::now();
+  const NativeTimer native(timer, nullptr);
+  // The first tick comes half an interval late, however slow the machine is.
+  const auto lateness = [start] { return (steady_clock::now() - start) % kInterval; };
+  std::this_thread::sleep_for(kInterval);
+  while (lateness() < 450ms || lateness() > 550ms) std::this_thread::sleep_for(10ms);
+  std::string order;
+  timer.Tick.Connect([&order] {
+    if (order.empty()) {
+      // Due between the next tick and where that would be if it counted from this one.
+      QTimer::singleShot(kInterval * 3 / 4, Qt::PreciseTimer, [&order] { order += " reference"; });
+    }
+    order += " tick";
+  });
+  EXPECT_TRUE(Until([&order] { return order.ends_with("reference"); }));
+  EXPECT_EQ(order, " tick tick reference");
+}
+
+}  // namespace kestrava::test
