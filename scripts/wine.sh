@@ -16,6 +16,7 @@ mkdir -p "$WINEPREFIX"
     touch "$WINEPREFIX/made"
   fi
 ) 9>"$WINEPREFIX.lock" >"$WINEPREFIX.log" 2>&1 </dev/null
-# wineserver outlives the program for a moment and may keep the caller's pipes, so it is started apart.
+# The services start apart, so that they don't keep the caller's pipes.
 wineserver -p10 >/dev/null 2>&1 </dev/null || true
+wine cmd /c exit >/dev/null 2>&1 </dev/null
 exec wine "$@"
