@@ -1,8 +1,8 @@
 #pragma once
 
 #include <algorithm>
-#include <arpa/inet.h>
 #include <array>
+#include <bit>
 #include <chrono>
 #include <cstring>
 #include <gtest/gtest.h>
@@ -158,6 +158,12 @@ class MemoryNetwork : public Faulty,
     calls.push_back("create");
     return Fails("IcmpCreateFile") ? kNoHandle : 77;
   }
+  static std::string Dotted(std::int32_t address) {
+    const auto bytes = std::bit_cast<std::array<unsigned char, 4>>(address);
+    std::string text = std::to_string(bytes[0]);
+    for (const std::size_t index : {1U, 2U, 3U}) text += "." + std::to_string(bytes[index]);
+    return text;
+  }
   Task<std::uint32_t> IcmpSendEcho(IcmpHandle handle, std::int32_t address, std::string_view data,
                                    const IP_OPTION_INFORMATION* options, EchoReply& reply,
                                    std::uint32_t replySize, std::uint32_t timeout) override {
@@ -165,8 +171,7 @@ class MemoryNetwork : public Faulty,
                     std::to_string(replySize) + (options ? " options" : ""));
     if (onEcho) onEcho();
     const bool fails = Fails("IcmpSendEcho") || handle == kNoHandle;
-    const Machine machine =
-        fails ? Machine{.status = 11050} : At(inet_ntoa({static_cast<in_addr_t>(address)}));
+    const Machine machine = fails ? Machine{.status = 11050} : At(Dotted(address));
     for (int turn = 0; turn < machine.echoTurns; ++turn) co_await desktop_.PumpEvents();
     reply.DataSize = machine.dataSize;
     reply.RoundTripTime = machine.roundTripTime;
