@@ -26,8 +26,8 @@ logic=$(cut -d' ' -f1 <<<"$includes" | sort -u | grep -vE "^($interfaces|$deskto
 foreign='<[^>]*[^a-z_>]'
 forbid "the logic and the interfaces are standard C++ only" "$interfaces|$logic" "$foreign"
 forbid "the logic knows no desktop" "$interfaces|$logic" '"platform/(linux|qt|win32)/|"[^/]*"'
-forbid "what the desktops share is theirs alone" "$interfaces|[^p][^ ]*|p[^l][^ ]*" '"platform/net/'
-forbid "an interface knows no logic" "$interfaces" '"([^p]|p[^l])'
+forbid "what the desktops share is theirs alone" "$interfaces|[^p][^ ]*|p[^l][^ ]*" '"platform/(net|text)/'
+forbid "an interface and what the desktops share know no logic" "$interfaces|platform/(net|text)/[^ ]*" '"([^p]|p[^l])'
 forbid "the Linux layer knows neither Qt nor the logic" "platform/linux/[^ ]*" \
   '<Q|"platform/qt/|"([^p]|p[^l])'
 forbid "the Qt layer knows no logic" "platform/qt/[^ ]*" '"([^p]|p[^l])[^"]*/'

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "platform/qt/tray/notify_icon_text.h"
+#include "platform/qt/text.h"
 
 namespace kestrava {
 
@@ -69,13 +69,13 @@ void QtNotificationArea::Add(const NOTIFYICONDATA& record, const QWidget& owner)
 void QtNotificationArea::Modify(const NOTIFYICONDATA& record) {
   if (record.uFlags & NIF_MESSAGE) icon_->callbackMessage = record.uCallbackMessage;
   if (record.uFlags & NIF_ICON) icon_->shown.SetIcon(messages_.IconOf(record.hIcon));
-  if (record.uFlags & NIF_TIP) icon_->shown.SetTip(NotifyIconText(Readable(record, record.szTip)));
+  if (record.uFlags & NIF_TIP) icon_->shown.SetTip(ToShownField(Readable(record, record.szTip)));
   if (!(record.uFlags & NIF_INFO) || record.cbSize < kNotifyIconSizeWithBalloon) return;
-  const QString body = NotifyIconText(Readable(record, record.szInfo));
+  const QString body = ToShownField(Readable(record, record.szInfo));
   if (body.isEmpty()) {
     icon_->balloon.Hide();
   } else {
-    const QString title = NotifyIconText(Readable(record, record.szInfoTitle));
+    const QString title = ToShownField(Readable(record, record.szInfoTitle));
     const QIcon picture = record.dwInfoFlags == NIIF_USER ? icon_->shown.Icon() : QIcon();
     icon_->balloon.Show(title, body, picture, icon_->shown.Geometry());
   }

@@ -1,9 +1,10 @@
-#include "platform/win32/stand_ins.h"
+#include "platform/text/stand_ins.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cwchar>
+#include <cstdio>
+#include <iterator>
 
 namespace kestrava {
 
@@ -12,8 +13,6 @@ namespace {
 struct Range {
   char32_t first;
   char32_t last;
-
-  bool Has(char32_t code) const { return code >= first && code <= last; }
 };
 
 /// Controls, separators of lines, and the format characters that aren't seen: the categories Cc,
@@ -41,55 +40,70 @@ constexpr auto kUnseen = std::to_array<Range>({
 /// The joiners and the Mongolian separator, which some scripts need.
 constexpr auto kJoiners = std::to_array<Range>({{0x180E, 0x180E}, {0x200C, 0x200D}});
 
-/// What a joiner can't change: the letters of Latin, Greek and Cyrillic and the punctuation, by
-/// blocks of Blocks.txt.
+/// What a joiner can't change: the letters of Latin, Greek and Cyrillic, and most punctuation and
+/// digits, by Blocks.txt. None of the characters that aren't seen takes a joiner either.
 constexpr auto kNeverJoined = std::to_array<Range>({
     {0x00, 0x52F},
+    {0x660, 0x66D},
+    {0x6D4, 0x6D4},
+    {0x6F0, 0x6F9},
+    {0x964, 0x970},
     {0x1C80, 0x1C8F},
     {0x1D00, 0x206F},
+    {0x2150, 0x218F},
     {0x2C60, 0x2C7F},
     {0x2DE0, 0x2E7F},
+    {0x3000, 0x3020},
     {0xA640, 0xA69F},
     {0xA720, 0xA7FF},
     {0xAB30, 0xAB6F},
+    {0xFB00, 0xFB06},
+    {0xFE30, 0xFE6F},
+    {0xFF00, 0xFF65},
 });
 
+/// `ranges` ascend.
 template <std::size_t kCount>
 bool AnyHas(const std::array<Range, kCount>& ranges, char32_t code) {
-  return std::ranges::any_of(ranges, [code](const Range& range) { return range.Has(code); });
+  const auto next = std::ranges::upper_bound(ranges, code, {}, &Range::first);
+  return next != ranges.begin() && code <= std::prev(next)->last;
 }
 
 bool IsUnseen(char32_t code, char32_t previous) {
-  if (AnyHas(kJoiners, code)) return AnyHas(kNeverJoined, previous);
-  return AnyHas(kUnseen, code);
+  if (!AnyHas(kJoiners, code)) return AnyHas(kUnseen, code);
+  return AnyHas(kNeverJoined, previous) || AnyHas(kUnseen, previous);
 }
 
 // UTF-16: RFC 2781, section 2.
-bool IsHighSurrogate(wchar_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
-bool IsLowSurrogate(wchar_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
+bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
+bool IsLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
+
+std::u16string MarkFor(char32_t code) {
+  std::array<char, 12> mark{};
+  const int length =
+      std::snprintf(mark.data(), mark.size(), "[U+%04X]", static_cast<unsigned>(code));
+  return {mark.begin(), mark.begin() + length};
+}
 
 }  // namespace
 
-std::wstring WithStandIns(const std::wstring& text) {
-  std::wstring shown;
+std::u16string WithStandIns(std::u16string_view text) {
+  std::u16string shown;
   shown.reserve(text.size());
   char32_t previous = 0;
-  for (std::size_t place = 0; place < text.size(); ++place) {
-    const wchar_t unit = text[place];
-    char32_t code = unit;
+  while (!text.empty()) {
+    char32_t code = text.front();
     std::size_t length = 1;
-    if (IsHighSurrogate(unit) && place + 1 < text.size() && IsLowSurrogate(text[place + 1])) {
-      code = 0x10000 + ((unit - 0xD800U) << 10) + (text[place + 1] - 0xDC00U);
+    if (IsHighSurrogate(text[0]) && text.size() > 1 && IsLowSurrogate(text[1])) {
+      code = 0x10000U + ((text[0] - 0xD800U) << 10) + (text[1] - 0xDC00U);
       length = 2;
     }
     if (IsUnseen(code, previous)) {
-      std::array<wchar_t, 12> mark{};
-      std::swprintf(mark.data(), mark.size(), L"[U+%04X]", static_cast<unsigned>(code));
-      shown += mark.data();
+      shown += MarkFor(code);
     } else {
-      shown.append(text, place, length);
+      shown += text.substr(0, length);
     }
-    place += length - 1;
+    text.remove_prefix(length);
     previous = code;
   }
   return shown;
