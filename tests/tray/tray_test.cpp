@@ -6,7 +6,7 @@
 
 #include "desktop/desktop.h"
 #include "hosts.h"
-#include "platform/qt/session_bus.h"
+#include "platform/linux_desktop/session_bus.h"
 #include "platform/qt/text.h"
 
 namespace kestrava::test {

@@ -1,4 +1,4 @@
-#include "platform/qt/tray/balloon.h"
+#include "platform/linux_desktop/tray/balloon.h"
 
 namespace kestrava {
 

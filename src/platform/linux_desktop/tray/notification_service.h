@@ -7,7 +7,7 @@
 #include <functional>
 #include <optional>
 
-#include "platform/qt/tray/bus_name_watch.h"
+#include "platform/linux_desktop/tray/bus_name_watch.h"
 
 namespace kestrava {
 

@@ -1,10 +1,10 @@
-#include "platform/qt/tray/exported_menu.h"
+#include "platform/linux_desktop/tray/exported_menu.h"
 
 #include <QAction>
 #include <QDBusConnection>
 #include <QDBusMetaType>
 
-#include "platform/qt/session_bus.h"
+#include "platform/linux_desktop/session_bus.h"
 
 namespace kestrava {
 

@@ -1,4 +1,4 @@
-#include "platform/qt/tray/status_notifier_watch.h"
+#include "platform/linux_desktop/tray/status_notifier_watch.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -6,7 +6,7 @@
 #include <QDBusVariant>
 #include <chrono>
 
-#include "platform/qt/session_bus.h"
+#include "platform/linux_desktop/session_bus.h"
 
 namespace kestrava {
 

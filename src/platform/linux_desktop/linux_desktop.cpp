@@ -1,4 +1,4 @@
-#include "platform/qt/linux_desktop.h"
+#include "platform/linux_desktop/linux_desktop.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -6,8 +6,14 @@
 namespace kestrava {
 
 LinuxDesktop::LinuxDesktop() {
-  eventLoop_.Watch(descriptorWaits_);
-  eventLoop_.Watch(rdp_);
+  Watch(descriptorWaits_);
+  Watch(rdp_);
+}
+
+void LinuxDesktop::Watch(EventSource& source) {
+  eventLoop_.Watch({.descriptor = source.Descriptor(),
+                    .dispatch = [&source] { source.Dispatch(); },
+                    .underWay = [&source] { return source.UnderWay(); }});
 }
 
 Platform LinuxDesktop::Services() {

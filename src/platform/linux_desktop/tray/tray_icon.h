@@ -8,11 +8,11 @@
 #include <memory>
 #include <optional>
 
-#include "platform/qt/session_bus.h"
-#include "platform/qt/tray/stand_in_icon.h"
-#include "platform/qt/tray/status_notifier_item.h"
-#include "platform/qt/tray/status_notifier_watch.h"
-#include "platform/qt/tray/xembed_watch.h"
+#include "platform/linux_desktop/session_bus.h"
+#include "platform/linux_desktop/tray/stand_in_icon.h"
+#include "platform/linux_desktop/tray/status_notifier_item.h"
+#include "platform/linux_desktop/tray/status_notifier_watch.h"
+#include "platform/linux_desktop/tray/xembed_watch.h"
 
 namespace kestrava {
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/descriptor_waits.h"
+#include "platform/linux/event_source.h"
 #include "platform/linux/linux_clock.h"
 #include "platform/linux/linux_file_worker.h"
 #include "platform/linux/linux_icmp.h"
@@ -9,6 +10,7 @@
 #include "platform/linux/linux_remote_desktop.h"
 #include "platform/linux/linux_sockets.h"
 #include "platform/linux/linux_version_info.h"
+#include "platform/linux_desktop/tray/linux_notification_area.h"
 #include "platform/platform.h"
 #include "platform/qt/modal_waits.h"
 #include "platform/qt/qt_common_dialog.h"
@@ -16,9 +18,8 @@
 #include "platform/qt/qt_message_boxes.h"
 #include "platform/qt/qt_prompt_boxes.h"
 #include "platform/qt/qt_settings_store.h"
+#include "platform/qt/qt_window_messages.h"
 #include "platform/qt/qt_window_system.h"
-#include "platform/qt/tray/qt_notification_area.h"
-#include "platform/qt/tray/qt_window_messages.h"
 
 namespace kestrava {
 
@@ -31,10 +32,13 @@ class LinuxDesktop {
   /// They last as long as the desktop.
   Platform Services();
 
+  /// Serves `source` in the event loop from now on. It must outlive the desktop.
+  void Watch(EventSource& source);
+
   LinuxProcesses& Programs() { return processes_; }
   QtEventLoop& EventLoop() { return eventLoop_; }
   QtWindowSystem& Windows() { return windows_; }
-  QtNotificationArea& NotificationArea() { return notificationArea_; }
+  LinuxNotificationArea& NotificationArea() { return notificationArea_; }
 
  private:
   LinuxClock clock_;
@@ -54,7 +58,7 @@ class LinuxDesktop {
   QtCommonDialog commonDialog_{modalWaits_};
   QtWindowSystem windows_{eventLoop_, modalWaits_};
   QtWindowMessages messages_{windows_, modalWaits_, eventLoop_};
-  QtNotificationArea notificationArea_{messages_};
+  LinuxNotificationArea notificationArea_{messages_};
 };
 
 }  // namespace kestrava

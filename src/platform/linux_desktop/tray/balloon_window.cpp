@@ -1,4 +1,4 @@
-#include "platform/qt/tray/balloon_window.h"
+#include "platform/linux_desktop/tray/balloon_window.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QGuiApplication>

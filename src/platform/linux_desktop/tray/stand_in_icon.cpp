@@ -1,4 +1,4 @@
-#include "platform/qt/tray/stand_in_icon.h"
+#include "platform/linux_desktop/tray/stand_in_icon.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>

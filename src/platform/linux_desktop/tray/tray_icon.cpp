@@ -1,4 +1,4 @@
-#include "platform/qt/tray/tray_icon.h"
+#include "platform/linux_desktop/tray/tray_icon.h"
 
 #include <QTimer>
 #include <chrono>

@@ -1,4 +1,4 @@
-#include "platform/qt/session_bus.h"
+#include "platform/linux_desktop/session_bus.h"
 
 #include <QByteArray>
 #include <QSocketNotifier>

@@ -5,7 +5,7 @@
 #include <QObject>
 #include <QTimer>
 
-#include "platform/qt/tray/bus_structure.h"
+#include "platform/linux_desktop/tray/bus_structure.h"
 
 namespace kestrava {
 

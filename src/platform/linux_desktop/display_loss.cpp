@@ -1,4 +1,4 @@
-#include "platform/qt/display_loss.h"
+#include "platform/linux_desktop/display_loss.h"
 
 #include <QCoreApplication>
 #include <QString>

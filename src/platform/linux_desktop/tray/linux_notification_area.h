@@ -3,18 +3,18 @@
 #include <memory>
 #include <utility>
 
+#include "platform/linux_desktop/tray/balloon.h"
+#include "platform/linux_desktop/tray/tray_icon.h"
 #include "platform/notification_area.h"
-#include "platform/qt/tray/balloon.h"
-#include "platform/qt/tray/qt_window_messages.h"
-#include "platform/qt/tray/tray_icon.h"
+#include "platform/qt/qt_window_messages.h"
 
 namespace kestrava {
 
 /// The notification area of the desktop. It has room for one icon. What the user does there comes
 /// to the icon's window as a message.
-class QtNotificationArea final : public NotificationArea {
+class LinuxNotificationArea final : public NotificationArea {
  public:
-  explicit QtNotificationArea(QtWindowMessages& messages) : messages_(messages) {}
+  explicit LinuxNotificationArea(QtWindowMessages& messages) : messages_(messages) {}
 
   /// Gives the icon a menu for desktops that draw it themselves: the same that
   /// `WindowMessages::PopupMenu` shows. To be called before the icon is added.

@@ -1,4 +1,4 @@
-#include "platform/qt/tray/notification_picture.h"
+#include "platform/linux_desktop/tray/notification_picture.h"
 
 #include <QByteArray>
 #include <QDBusArgument>

@@ -1,4 +1,4 @@
-#include "platform/qt/tray/qt_notification_area.h"
+#include "platform/linux_desktop/tray/linux_notification_area.h"
 
 #include <algorithm>
 #include <string_view>
@@ -24,15 +24,15 @@ bool KnownSize(std::int32_t size) {
 
 }  // namespace
 
-void QtNotificationArea::ExportMenu(Form& form, const MenuEntry& menu,
-                                    const MenuEntry& defaultEntry) {
+void LinuxNotificationArea::ExportMenu(Form& form, const MenuEntry& menu,
+                                       const MenuEntry& defaultEntry) {
   makeMenu_ = [this, &form, &menu, &defaultEntry] {
     return messages_.MakeMenu(form, menu, defaultEntry);
   };
 }
 
-std::int32_t QtNotificationArea::Shell_NotifyIconA(std::int32_t message,
-                                                   const NOTIFYICONDATA& record) {
+std::int32_t LinuxNotificationArea::Shell_NotifyIconA(std::int32_t message,
+                                                      const NOTIFYICONDATA& record) {
   if (!KnownSize(record.cbSize)) return 0;
   const bool known = icon_ && icon_->window == record.hWnd && icon_->id == record.uID;
   if (message == NIM_ADD) {
@@ -57,7 +57,7 @@ std::int32_t QtNotificationArea::Shell_NotifyIconA(std::int32_t message,
   }
 }
 
-void QtNotificationArea::Add(const NOTIFYICONDATA& record, const QWidget& owner) {
+void LinuxNotificationArea::Add(const NOTIFYICONDATA& record, const QWidget& owner) {
   icon_ = std::make_unique<Icon>(record, makeMenu_, owner);
   QObject::connect(&icon_->shown, &TrayIcon::ContextRequested, &icon_->shown,
                    [this] { Tell(WM_RBUTTONUP); });
@@ -66,7 +66,7 @@ void QtNotificationArea::Add(const NOTIFYICONDATA& record, const QWidget& owner)
   Modify(record);
 }
 
-void QtNotificationArea::Modify(const NOTIFYICONDATA& record) {
+void LinuxNotificationArea::Modify(const NOTIFYICONDATA& record) {
   if (record.uFlags & NIF_MESSAGE) icon_->callbackMessage = record.uCallbackMessage;
   if (record.uFlags & NIF_ICON) icon_->shown.SetIcon(messages_.IconOf(record.hIcon));
   if (record.uFlags & NIF_TIP) icon_->shown.SetTip(ToShownField(Readable(record, record.szTip)));
@@ -81,7 +81,7 @@ void QtNotificationArea::Modify(const NOTIFYICONDATA& record) {
   }
 }
 
-void QtNotificationArea::Tell(std::int32_t event) {
+void LinuxNotificationArea::Tell(std::int32_t event) {
   if (icon_->callbackMessage == 0) return;
   messages_.Post(icon_->window, icon_->callbackMessage, icon_->id, event);
 }

@@ -1,4 +1,4 @@
-#include "platform/qt/tray/qt_window_messages.h"
+#include "platform/qt/qt_window_messages.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "platform/qt/tray/xembed_watch.h"
+#include "platform/linux_desktop/tray/xembed_watch.h"
 
 #include <QGuiApplication>
 #include <cstdlib>

@@ -1,12 +1,12 @@
-#include "platform/qt/tray/notification_service.h"
+#include "platform/linux_desktop/tray/notification_service.h"
 
 #include <QDBusConnection>
 #include <QVariantMap>
 #include <chrono>
 #include <utility>
 
-#include "platform/qt/session_bus.h"
-#include "platform/qt/tray/notification_picture.h"
+#include "platform/linux_desktop/session_bus.h"
+#include "platform/linux_desktop/tray/notification_picture.h"
 
 namespace kestrava {
 

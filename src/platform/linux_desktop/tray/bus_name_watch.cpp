@@ -1,4 +1,4 @@
-#include "platform/qt/tray/bus_name_watch.h"
+#include "platform/linux_desktop/tray/bus_name_watch.h"
 
 #include <QDBusMessage>
 

@@ -1,4 +1,4 @@
-#include "platform/qt/tray/status_notifier_item.h"
+#include "platform/linux_desktop/tray/status_notifier_item.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -8,7 +8,7 @@
 #include <QtEndian>
 #include <chrono>
 
-#include "platform/qt/session_bus.h"
+#include "platform/linux_desktop/session_bus.h"
 
 namespace kestrava {
 

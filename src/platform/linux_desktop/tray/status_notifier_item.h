@@ -7,8 +7,8 @@
 #include <QTimer>
 #include <optional>
 
-#include "platform/qt/tray/bus_structure.h"
-#include "platform/qt/tray/exported_menu.h"
+#include "platform/linux_desktop/tray/bus_structure.h"
+#include "platform/linux_desktop/tray/exported_menu.h"
 
 namespace kestrava {
 

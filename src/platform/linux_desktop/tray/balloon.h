@@ -3,8 +3,8 @@
 #include <QIcon>
 #include <QObject>
 
-#include "platform/qt/tray/balloon_window.h"
-#include "platform/qt/tray/notification_service.h"
+#include "platform/linux_desktop/tray/balloon_window.h"
+#include "platform/linux_desktop/tray/notification_service.h"
 
 namespace kestrava {
 
