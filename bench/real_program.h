@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "monitor/frmMain.h"
-#include "platform/qt/linux_desktop.h"
+#include "platform/linux_desktop/linux_desktop.h"
 
 namespace kestrava {
 

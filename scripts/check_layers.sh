@@ -20,19 +20,21 @@ forbid() {
 }
 
 interfaces='platform/[^/ ]*'
-desktop="main(_windows)?\.cpp|platform/(linux|qt|win32)/[^ ]*"
+desktop="main(_windows)?\.cpp|platform/(linux|linux_desktop|qt|win32)/[^ ]*"
 logic=$(cut -d' ' -f1 <<<"$includes" | sort -u | grep -vE "^($interfaces|$desktop)$" | paste -sd'|')
 # A standard header has neither a capital letter nor an ending; one of the system or of Qt has.
 foreign='<[^>]*[^a-z_>]'
 forbid "the logic and the interfaces are standard C++ only" "$interfaces|$logic" "$foreign"
-forbid "the logic knows no desktop" "$interfaces|$logic" '"platform/(linux|qt|win32)/|"[^/]*"'
-forbid "what the desktops share is theirs alone" "$interfaces|[^p][^ ]*|p[^l][^ ]*" '"platform/net/'
-forbid "an interface knows no logic" "$interfaces" '"([^p]|p[^l])'
+forbid "the logic knows no desktop" "$interfaces|$logic" '"platform/(linux|linux_desktop|qt|win32)/|"[^/]*"'
+forbid "what the desktops share is theirs alone" "$interfaces|[^p][^ ]*|p[^l][^ ]*" '"platform/(net|text)/'
+forbid "an interface and what the desktops share know no logic" "$interfaces|platform/(net|text)/[^ ]*" '"([^p]|p[^l])'
 forbid "the Linux layer knows neither Qt nor the logic" "platform/linux/[^ ]*" \
-  '<Q|"platform/qt/|"([^p]|p[^l])'
-forbid "the Qt layer knows no logic" "platform/qt/[^ ]*" '"([^p]|p[^l])[^"]*/'
+  '<Q|"platform/(qt|linux_desktop)/|"([^p]|p[^l])'
+forbid "the portable Qt layer knows Qt's windows only, neither the system below nor the logic" \
+  "platform/qt/[^ ]*" '<(QDBus|xcb|X11|dbus|linux|sys/|[a-z_0-9]*\.h)|"platform/linux|"([^p]|p[^l])[^"]*/'
+forbid "the Linux desktop knows no logic" "platform/linux_desktop/[^ ]*" '"([^p]|p[^l])[^"]*/'
 forbid "the Windows layer knows neither the others nor the logic" "platform/win32/[^ ]*" \
-  '"platform/(linux|qt)/|"([^p]|p[^l])'
+  '"platform/(linux|linux_desktop|qt)/|"([^p]|p[^l])'
 
 # tsort names every circle and fails on it.
 if ! sed -n 's/"//gp' <<<"$includes" | tsort >/dev/null; then failed=true; fi

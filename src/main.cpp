@@ -13,9 +13,9 @@
 #include "help/web_pages.h"
 #include "monitor/frmMain.h"
 #include "platform/linux/termination_signals.h"
-#include "platform/qt/display_loss.h"
-#include "platform/qt/linux_desktop.h"
-#include "platform/qt/session_bus.h"
+#include "platform/linux_desktop/display_loss.h"
+#include "platform/linux_desktop/linux_desktop.h"
+#include "platform/linux_desktop/session_bus.h"
 
 namespace {
 
@@ -127,7 +127,7 @@ int main(int argc, char* argv[]) {
   const DisplayLoss displayLoss([&mainWindow] { mainWindow.StoreLastListFile(); });
   desktop.NotificationArea().ExportMenu(mainWindow, mainWindow.mnufile, mainWindow.mnuFileRestore);
   unloadMainWindow = [&] { desktop.Windows().Unload(mainWindow); };
-  desktop.EventLoop().Watch(terminationSignals);
+  desktop.Watch(terminationSignals);
   for (const auto request :
        {&QGuiApplication::commitDataRequest, &QGuiApplication::saveStateRequest}) {
     QObject::connect(&application, request, &SetRestartCommand);

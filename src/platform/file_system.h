@@ -26,7 +26,7 @@ class TextStream {
 enum class ReadOnlyFile { Refuse, Delete };
 
 /// The files and folders of the system. Names are paths in the system's own bytes. An error carries
-/// the system's number (errno) and its text for people.
+/// the system's number and its text for people.
 class FileSystemObject {
  public:
   virtual ~FileSystemObject() = default;

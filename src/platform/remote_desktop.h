@@ -3,11 +3,13 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/runtime_error.h"
+
 namespace kestrava {
 
 /// The error of a peer that took the connection and dropped it before it had answered. Worth one
 /// more attempt.
-inline constexpr int kErrorPeerDropped = 15423;
+inline constexpr ErrorNumber kErrorPeerDropped{15423};
 
 /// The Remote Desktop client control: one connection at a time, used only to see whether it comes
 /// about. Each member may throw `RuntimeError`.

@@ -92,7 +92,7 @@ Task<std::string> ConnectionProbe::CheckServerConnection(const std::string& conn
     co_await stage.Attempt();
     co_return result;
   } catch (const RuntimeError& error) {
-    if (error.Number() != kErrorPeerDropped) co_return result;
+    if (!error.Is(kErrorPeerDropped)) co_return result;
   }
   // The peer dropped the connection: try once more, within the same count.
   try {

@@ -12,8 +12,8 @@
 
 #include "monitor/connection_table.h"
 #include "monitor/frmMain.h"
+#include "platform/linux_desktop/linux_desktop.h"
 #include "platform/qt/grid_view.h"
-#include "platform/qt/linux_desktop.h"
 #include "platform/settings_store.h"
 
 namespace kestrava::test {

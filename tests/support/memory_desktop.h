@@ -212,7 +212,8 @@ class MemoryNetwork : public Faulty,
     MayRaise("Connect");
     Machine& machine = At(server_);
     attempts.push_back(server_);
-    if (machine.connectError != 0) throw RuntimeError(machine.connectError, "refused to connect");
+    if (machine.connectError != 0)
+      throw RuntimeError(ErrorNumber{machine.connectError}, "refused to connect");
     dropPending_ = machine.dropsBefore > 0 && machine.dropsBefore-- > 0;
     state_ = machine.connectsAfter < 0 ? 0 : 2;
     lingers_ = machine.lingers;

@@ -53,7 +53,7 @@ class MemoryFiles : public Faulty, public FileSystemObject, public FileWorker {
   }
   TextReader OpenForReading(const std::string& name, std::size_t) override {
     MayRaise("OpenForReading");
-    if (!FileExists(name)) throw RuntimeError(2, "missing");
+    if (!FileExists(name)) throw RuntimeError(SystemErrorNumber{2}, "missing");
     return TextReader(files[name]);
   }
 

@@ -7,8 +7,8 @@
 
 #include "desktop/desktop.h"
 #include "hosts.h"
-#include "platform/qt/session_bus.h"
-#include "platform/qt/tray/notify_icon_text.h"
+#include "platform/linux_desktop/session_bus.h"
+#include "platform/qt/text.h"
 
 namespace kestrava::test {
 
@@ -178,7 +178,7 @@ TEST(NotifyIconText, LeavesOutACharacterThatTheFieldCutsAndShowsWhatNobodySees) 
                                     {"\xE2\x82\xAC\xF0", "\u20AC"},
                                     {"\x80\x80\x80\x80", "\u20AC\u20AC\u20AC\u20AC"},
                                     {"a\r\nb\x01", "a\nb[U+0001]"}}) {
-    EXPECT_EQ(NotifyIconText(field), text);
+    EXPECT_EQ(ToShownField(field), text);
   }
 }
 

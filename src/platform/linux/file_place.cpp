@@ -9,11 +9,10 @@
 #include <memory>
 #include <sys/resource.h>
 #include <sys/statvfs.h>
-#include <system_error>
 #include <unistd.h>
 
 #include "platform/linux/file_descriptor.h"
-#include "platform/runtime_error.h"
+#include "platform/linux/system_error.h"
 
 namespace kestrava {
 namespace {
@@ -89,10 +88,6 @@ void FilePlace::EnsureRoom(std::size_t bytes) const {
 void RequireRegularFile(const struct stat& status) {
   if (S_ISDIR(status.st_mode)) RaiseSystemError(EISDIR);
   if (!S_ISREG(status.st_mode)) RaiseSystemError(EOPNOTSUPP);
-}
-
-void RaiseSystemError(int error) {
-  throw RuntimeError(error, std::generic_category().message(error));
 }
 
 }  // namespace kestrava

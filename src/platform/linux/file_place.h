@@ -26,7 +26,4 @@ struct FilePlace {
 /// @throws RuntimeError unless it is that of a regular file: EISDIR for a folder, else EOPNOTSUPP.
 void RequireRegularFile(const struct stat& status);
 
-/// @throws RuntimeError with an error of the system (errno.h) and its text for people.
-[[noreturn]] void RaiseSystemError(int error);
-
 }  // namespace kestrava

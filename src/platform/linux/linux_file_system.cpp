@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "platform/linux/file_descriptor.h"
+#include "platform/linux/system_error.h"
 
 namespace kestrava {
 namespace {

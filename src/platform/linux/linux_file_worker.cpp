@@ -9,8 +9,8 @@
 #include <system_error>
 #include <thread>
 
-#include "platform/linux/file_place.h"
 #include "platform/linux/linux_file_system.h"
+#include "platform/linux/system_error.h"
 
 namespace kestrava {
 namespace {

@@ -9,19 +9,14 @@
 
 #include "platform/linux/browser_program.h"
 #include "platform/linux/child_program.h"
-#include "platform/runtime_error.h"
+#include "platform/linux/system_error.h"
 
 namespace kestrava {
-namespace {
-
-[[noreturn]] void Fail(int error) { throw RuntimeError(error, std::strerror(error)); }
-
-}  // namespace
 
 void LinuxProcesses::Start(const std::string& commandLine) {
   constexpr const char* kPathEnd = "\" ";
   const auto end = commandLine.find(kPathEnd, 1);
-  if (end == commandLine.npos || commandLine.front() != '"') Fail(EINVAL);
+  if (end == commandLine.npos || commandLine.front() != '"') RaiseSystemError(EINVAL);
   const std::string path = commandLine.substr(1, end - 1);
   auto command = FindBrowser();
   if (command.empty() || command.front() != path) command = {path};
@@ -31,17 +26,17 @@ void LinuxProcesses::Start(const std::string& commandLine) {
   // error number of Linux has room, what came of the start. The system then takes the orphan over,
   // so that nobody here has to wait for its end.
   const pid_t helper = fork();
-  if (helper < 0) Fail(errno);
+  if (helper < 0) RaiseSystemError(errno);
   if (helper == 0) {
     pid_t program = 0;
     _exit(StartProgram(words, kNoOutput, environ, program));
   }
   int status = 0;
   while (waitpid(helper, &status, 0) < 0) {
-    if (errno != EINTR) Fail(errno);
+    if (errno != EINTR) RaiseSystemError(errno);
   }
   const int error = WIFEXITED(status) ? WEXITSTATUS(status) : ECHILD;
-  if (error != 0) Fail(error);
+  if (error != 0) RaiseSystemError(error);
 }
 
 void LinuxProcesses::ShowInstead(const std::string& url, const std::filesystem::path& file) {

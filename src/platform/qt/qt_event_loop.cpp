@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QSocketNotifier>
 #include <algorithm>
+#include <utility>
 
 namespace kestrava {
 
@@ -25,14 +26,15 @@ QtEventLoop::QtEventLoop() {
   restLimit_.callOnTimeout(this, &QtEventLoop::FinishTurn);
 }
 
-void QtEventLoop::Watch(EventSource& source) {
-  sources_.push_back(&source);
-  auto* notifier = new QSocketNotifier(source.Descriptor(), QSocketNotifier::Read, this);
-  connect(notifier, &QSocketNotifier::activated, this, [this, &source] {
+void QtEventLoop::Watch(WatchedSource source) {
+  underWay_.push_back(std::move(source.underWay));
+  auto* notifier = new QSocketNotifier(source.descriptor, QSocketNotifier::Read, this);
+  const auto serve = [this, dispatch = std::move(source.dispatch)] {
     const bool rests = restLimit_.isActive();
-    source.Dispatch();
+    dispatch();
     if (rests) FinishTurn();
-  });
+  };
+  connect(notifier, &QSocketNotifier::activated, this, serve);
 }
 
 void QtEventLoop::End() {
@@ -66,7 +68,7 @@ void QtEventLoop::FinishTurn() {
 }
 
 bool QtEventLoop::AnyUnderWay() const {
-  return std::ranges::any_of(sources_, &EventSource::UnderWay);
+  return std::ranges::any_of(underWay_, [](const auto& underWay) { return underWay(); });
 }
 
 }  // namespace kestrava

@@ -3,12 +3,22 @@
 #include <QObject>
 #include <QTimer>
 #include <chrono>
+#include <functional>
 #include <vector>
 
 #include "platform/event_loop.h"
-#include "platform/linux/event_source.h"
 
 namespace kestrava {
+
+/// Something outside the toolkit that an event loop serves.
+struct WatchedSource {
+  /// A file descriptor that polls readable whenever `dispatch` has something to do.
+  int descriptor;
+  /// Does what waits, without blocking. It doesn't throw.
+  std::function<void()> dispatch;
+  /// Whether somebody waits for it by pumping events, so that an idle turn of the loop may rest.
+  std::function<bool()> underWay;
+};
 
 /// The event loop of the application object, which must be there first.
 class QtEventLoop final : public QObject, public EventLoop {
@@ -17,8 +27,9 @@ class QtEventLoop final : public QObject, public EventLoop {
  public:
   QtEventLoop();
 
-  /// Serves `source` from now on, from this loop and from any modal wait. It must outlive the loop.
-  void Watch(EventSource& source);
+  /// Serves `source` from now on, from this loop and from any modal wait. What it refers to must
+  /// outlive the loop.
+  void Watch(WatchedSource source);
 
   /// The main window is gone: ends every modal wait.
   void End();
@@ -36,8 +47,8 @@ class QtEventLoop final : public QObject, public EventLoop {
   void FinishTurn();
   bool AnyUnderWay() const;
 
-  std::vector<EventSource*> sources_;
-  QTimer restLimit_;  ///< runs while a turn rests
+  std::vector<std::function<bool()>> underWay_;  ///< of each source
+  QTimer restLimit_;                             ///< runs while a turn rests
   std::chrono::steady_clock::time_point lastTurn_;
   bool ended_ = false;
 };

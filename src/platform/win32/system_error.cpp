@@ -15,7 +15,7 @@ void RaiseSystemError(unsigned long error) {
       nullptr, error, 0, text.data(), static_cast<DWORD>(text.size()), nullptr);
   std::string description = LineToBytes({text.data(), length});
   while (description.ends_with(' ') || description.ends_with('.')) description.pop_back();
-  throw RuntimeError(static_cast<int>(error), description);
+  throw RuntimeError(SystemErrorNumber{static_cast<int>(error)}, description);
 }
 
 }  // namespace kestrava

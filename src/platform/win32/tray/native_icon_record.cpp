@@ -5,26 +5,11 @@
 #include <string_view>
 
 #include "platform/win32/program_icon.h"
-#include "platform/win32/stand_ins.h"
 #include "platform/win32/wide_text.h"
 
 namespace kestrava {
 
 namespace {
-
-/// What is seen of a text in lines, each of which ends in LF or CR LF.
-std::wstring WithStandInsButLines(const std::wstring& text) {
-  std::wstring shown;
-  for (std::size_t begin = 0; begin <= text.size();) {
-    const std::size_t end = std::min(text.find(L'\n', begin), text.size());
-    std::wstring line = text.substr(begin, end - begin);
-    if (line.ends_with(L'\r')) line.pop_back();
-    if (begin > 0) shown += L'\n';
-    shown += WithStandIns(line);
-    begin = end + 1;
-  }
-  return shown;
-}
 
 /// Puts the part of a text field that lies within the record into the system's own field.
 template <std::size_t kWidth, std::size_t kNativeWidth>
@@ -34,9 +19,7 @@ void Translate(const NOTIFYICONDATA& record, const char (&field)[kWidth],
   const auto size = static_cast<std::size_t>(record.cbSize);
   if (size <= offset) return;
   const std::string_view readable(field, std::min(kWidth, size - offset));
-  const std::size_t end = readable.find('\0');
-  const std::wstring text = WithStandInsButLines(ToWide(
-      end == std::string_view::npos ? WithoutCutCharacter(readable) : readable.substr(0, end)));
+  const std::wstring text = ToShownField(readable);
   native[text.copy(native, kNativeWidth - 1)] = L'\0';
 }
 
