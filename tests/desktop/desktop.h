@@ -10,11 +10,11 @@
 #include <functional>
 #include <gtest/gtest.h>
 
-#include "monitor/connection_table.h"
 #include "monitor/frmMain.h"
 #include "platform/qt/grid_view.h"
 #include "platform/qt/linux_desktop.h"
 #include "platform/settings_store.h"
+#include "shared/connection_table.h"
 
 namespace kestrava::test {
 
