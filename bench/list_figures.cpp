@@ -15,9 +15,9 @@
 #include "figure.h"
 #include "figures.h"
 #include "lists/connection_list_file.h"
-#include "monitor/connection_table.h"
 #include "platform/linux/file_descriptor.h"
 #include "real_program.h"
+#include "shared/connection_table.h"
 
 namespace kestrava {
 namespace {

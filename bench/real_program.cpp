@@ -7,8 +7,8 @@
 #include <thread>
 
 #include "figure.h"
-#include "monitor/connection_table.h"
 #include "platform/qt/grid_view.h"
+#include "shared/connection_table.h"
 
 namespace kestrava {
 namespace {

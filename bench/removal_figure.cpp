@@ -7,8 +7,8 @@
 
 #include "figure.h"
 #include "figures.h"
-#include "monitor/connection_table.h"
 #include "real_program.h"
+#include "shared/connection_table.h"
 
 namespace kestrava {
 namespace {

@@ -3,9 +3,9 @@
 #include <string>
 
 #include "editing/frmNewConn.h"
-#include "monitor/connection_table.h"
 #include "platform/flex_grid.h"
 #include "platform/window_system.h"
+#include "shared/connection_table.h"
 
 namespace kestrava {
 

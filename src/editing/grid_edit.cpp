@@ -3,10 +3,10 @@
 #include <string>
 
 #include "general/modGeneral.h"
-#include "monitor/connection_table.h"
 #include "platform/flex_grid.h"
 #include "platform/message_box.h"
 #include "platform/prompt_box.h"
+#include "shared/connection_table.h"
 
 namespace kestrava {
 

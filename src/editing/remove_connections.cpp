@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "editing/frmRemoveconn.h"
-#include "monitor/connection_table.h"
 #include "platform/flex_grid.h"
 #include "platform/window_system.h"
+#include "shared/connection_table.h"
 
 namespace kestrava {
 

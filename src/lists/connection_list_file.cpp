@@ -5,12 +5,12 @@
 #include <utility>
 
 #include "lists/list_text.h"
-#include "monitor/connection_table.h"
 #include "platform/file_system.h"
 #include "platform/file_worker.h"
 #include "platform/flex_grid.h"
 #include "platform/message_box.h"
 #include "platform/runtime_error.h"
+#include "shared/connection_table.h"
 
 namespace kestrava {
 

@@ -1,12 +1,12 @@
 #include "lists/list_commands.h"
 
 #include "lists/connection_list_file.h"
-#include "monitor/connection_table.h"
 #include "platform/common_dialog.h"
 #include "platform/file_system.h"
 #include "platform/file_worker.h"
 #include "platform/message_box.h"
 #include "platform/runtime_error.h"
+#include "shared/connection_table.h"
 
 namespace kestrava {
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "monitor/connection_table.h"
 #include "platform/flex_grid.h"
 #include "platform/runtime_error.h"
 #include "platform/text_reader.h"
+#include "shared/connection_table.h"
 
 namespace kestrava {
 

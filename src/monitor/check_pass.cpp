@@ -1,14 +1,14 @@
 #include "monitor/check_pass.h"
 
 #include "general/conversion.h"
-#include "monitor/connection_table.h"
-#include "monitor/general_date.h"
-#include "monitor/shared_state.h"
 #include "platform/clock.h"
 #include "platform/event_loop.h"
 #include "platform/flex_grid.h"
 #include "platform/form.h"
 #include "probes/connection_probe.h"
+#include "shared/connection_table.h"
+#include "shared/general_date.h"
+#include "shared/shared_state.h"
 
 namespace kestrava {
 

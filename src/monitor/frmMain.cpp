@@ -9,13 +9,13 @@
 #include "general/modGeneral.h"
 #include "help/frmAbout.h"
 #include "help/web_pages.h"
-#include "monitor/connection_table.h"
 #include "monitor/main_window_spec.h"
 #include "platform/error_report.h"
 #include "platform/notification_area.h"
 #include "platform/window_system.h"
 #include "settings/edit_preferences.h"
 #include "settings/preferences.h"
+#include "shared/connection_table.h"
 #include "tray/failure_report.h"
 
 namespace kestrava {

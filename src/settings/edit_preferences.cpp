@@ -1,9 +1,9 @@
 #include "settings/edit_preferences.h"
 
-#include "monitor/check_schedule.h"
 #include "platform/window_system.h"
 #include "settings/frmPreferences.h"
 #include "settings/preferences.h"
+#include "shared/check_schedule.h"
 
 namespace kestrava {
 

@@ -3,9 +3,9 @@
 #include <exception>
 #include <utility>
 
-#include "monitor/shared_state.h"
 #include "platform/notification_area.h"
 #include "platform/window_messages.h"
+#include "shared/shared_state.h"
 
 namespace kestrava {
 

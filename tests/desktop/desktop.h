@@ -10,11 +10,11 @@
 #include <functional>
 #include <gtest/gtest.h>
 
-#include "monitor/connection_table.h"
 #include "monitor/frmMain.h"
 #include "platform/linux_desktop/linux_desktop.h"
 #include "platform/qt/grid_view.h"
 #include "platform/settings_store.h"
+#include "shared/connection_table.h"
 
 namespace kestrava::test {
 

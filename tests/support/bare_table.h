@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "monitor/connection_table.h"
 #include "platform/flex_grid.h"
 #include "platform/form.h"
+#include "shared/connection_table.h"
 
 namespace kestrava::test {
 

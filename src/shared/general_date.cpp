@@ -1,4 +1,4 @@
-#include "monitor/general_date.h"
+#include "shared/general_date.h"
 
 #include <array>
 #include <ctime>

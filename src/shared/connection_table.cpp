@@ -1,11 +1,11 @@
-#include "monitor/connection_table.h"
+#include "shared/connection_table.h"
 
 #include <chrono>
 #include <limits>
 
-#include "monitor/general_date.h"
 #include "platform/flex_grid.h"
 #include "platform/runtime_error.h"
+#include "shared/general_date.h"
 
 namespace kestrava {
 

@@ -1,10 +1,10 @@
-#include "monitor/check_schedule.h"
+#include "shared/check_schedule.h"
 
 #include <chrono>
 #include <string>
 
-#include "monitor/shared_state.h"
 #include "platform/clock.h"
+#include "shared/shared_state.h"
 
 namespace kestrava {
 
