@@ -20,6 +20,7 @@
 #include "real_program.h"
 
 namespace kestrava {
+
 namespace {
 
 constexpr int kRows = 100000;

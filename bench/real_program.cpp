@@ -11,6 +11,7 @@
 #include "platform/qt/grid_view.h"
 
 namespace kestrava {
+
 namespace {
 
 double ProcessorSeconds() {

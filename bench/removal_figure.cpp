@@ -11,6 +11,7 @@
 #include "real_program.h"
 
 namespace kestrava {
+
 namespace {
 
 constexpr std::int32_t kRows = 32767;
