@@ -8,6 +8,7 @@
 #include "real_program.h"
 
 namespace kestrava {
+
 namespace {
 
 /// Addresses of this machine, all different, from 127.0.0.1 on.

@@ -10,6 +10,7 @@
 #include "figures.h"
 
 namespace kestrava {
+
 namespace {
 
 using namespace std::chrono_literals;

@@ -20,6 +20,7 @@
 #include "shared/connection_table.h"
 
 namespace kestrava {
+
 namespace {
 
 constexpr int kRows = 100000;

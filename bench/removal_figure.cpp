@@ -11,6 +11,7 @@
 #include "shared/connection_table.h"
 
 namespace kestrava {
+
 namespace {
 
 constexpr std::int32_t kRows = 32767;

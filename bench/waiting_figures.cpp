@@ -16,6 +16,7 @@
 #include "real_program.h"
 
 namespace kestrava {
+
 namespace {
 
 using namespace std::chrono_literals;

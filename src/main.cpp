@@ -16,6 +16,7 @@
 #include "platform/linux_desktop/display_loss.h"
 #include "platform/linux_desktop/linux_desktop.h"
 #include "platform/linux_desktop/session_bus.h"
+#include "platform/program_title.h"
 
 namespace {
 
@@ -103,8 +104,8 @@ int main(int argc, char* argv[]) {
   std::function<void()> unloadMainWindow;
   TerminationSignals terminationSignals([&unloadMainWindow] { unloadMainWindow(); });
 
-  QApplication::setOrganizationName(QStringLiteral("Kestrava"));
-  QApplication::setApplicationName(QStringLiteral("Kestrava"));
+  QApplication::setOrganizationName(kProgramTitle);
+  QApplication::setApplicationName(kProgramTitle);
   QApplication::setDesktopFileName(QStringLiteral("kestrava"));
   WithholdSilentSessionBus();
   Application application(argc, argv, unloadMainWindow);
@@ -130,7 +131,7 @@ int main(int argc, char* argv[]) {
   desktop.Watch(terminationSignals);
   for (const auto request :
        {&QGuiApplication::commitDataRequest, &QGuiApplication::saveStateRequest}) {
-    QObject::connect(&application, request, &SetRestartCommand);
+    QObject::connect(&application, request, &application, &SetRestartCommand);
   }
   QObject::connect(&desktop.EventLoop(), &QtEventLoop::Ended, &application,
                    [] { QApplication::exit(); });

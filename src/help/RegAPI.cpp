@@ -14,7 +14,6 @@ namespace kestrava {
 
 namespace {
 
-constexpr const char* kBrowserKey = "http\\shell\\open\\command";
 constexpr const char* kInvalid = "Invalid";
 constexpr std::size_t kNameSize = 260;
 constexpr std::size_t kDataSize = 4096;

@@ -1,5 +1,7 @@
 #include "monitor/main_window_spec.h"
 
+#include "platform/program_title.h"
+
 namespace kestrava {
 
 namespace {
@@ -52,7 +54,7 @@ constexpr TimerSpec kTimers[] = {
 
 constinit const FormSpec kMainWindowSpec = {
     .name = "frmMain",
-    .caption = "Kestrava",
+    .caption = kProgramTitle,
     .style = FormStyle::MainWindow,
     .width = 11190,
     .height = 5445,

@@ -17,6 +17,9 @@ inline constexpr std::int32_t ERROR_FILE_NOT_FOUND = 2;
 inline constexpr std::int32_t ERROR_MORE_DATA = 234;
 inline constexpr std::int32_t ERROR_NO_MORE_ITEMS = 259;
 
+/// The key, below HKEY_CLASSES_ROOT, whose first value is the command of the user's browser.
+inline constexpr const char* kBrowserKey = "http\\shell\\open\\command";
+
 /// What the desktop has registered: keys with named values. A system without a registry answers the
 /// keys that the program asks for from wherever it keeps the same facts.
 class Registry {

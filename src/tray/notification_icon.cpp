@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/notification_area.h"
+#include "platform/program_title.h"
 #include "platform/version_info.h"
 #include "tray/modPopup.h"
 
@@ -17,7 +18,6 @@ namespace {
 
 constexpr std::int32_t kIconId = 999;
 constexpr std::int32_t kBalloonHideTimeout = 3;
-constexpr const char* kTip = "Kestrava";
 constexpr const char* kShellFile = "shell32.dll";
 
 /// The high word of `dwFileVersionMS` in VS_FIXEDFILEINFO: the major version.
@@ -53,7 +53,7 @@ void NotificationIcon::TrayIconAdd() {
   record.uCallbackMessage = kTrayCallbackMessage;
   record.hIcon = popup_.IconHandle();
   record.dwState = NIS_SHAREDICON;
-  FillText(record.szTip, kTip);
+  FillText(record.szTip, kProgramTitle);
   record.uTimeout = NOTIFYICON_VERSION;
   if (area_.Shell_NotifyIconA(NIM_ADD, record) != 1) return;
   area_.Shell_NotifyIconA(NIM_SETVERSION, record);

@@ -8,6 +8,7 @@
 #include <string_view>
 
 namespace kestrava {
+
 namespace {
 
 using Command = std::vector<std::string>;

@@ -7,6 +7,7 @@
 #include <vector>
 
 namespace kestrava {
+
 namespace {
 
 class SpawnSetup {

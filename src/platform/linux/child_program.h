@@ -15,7 +15,7 @@ inline constexpr int kNoOutput = -1;
 /// and a session of its own.
 /// @param environment of the program, each text NAME=VALUE; the last pointer is nullptr.
 /// @param process its number afterwards.
-/// @return 0, or the error (errno.h) that kept it from starting. It may be called behind fork(2):
+/// @return 0, or the error (errno.h) that kept it from starting. It may be called after fork(2):
 ///   of what POSIX forbids there it only takes memory, which glibc allows.
 int StartProgram(std::span<std::string> words, int output, char* const environment[],
                  pid_t& process);

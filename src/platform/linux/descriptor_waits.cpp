@@ -6,6 +6,7 @@
 #include <utility>
 
 namespace kestrava {
+
 namespace {
 
 bool Watch(int events, int descriptor) {

@@ -4,6 +4,7 @@
 #include <netinet/ip_icmp.h>
 
 namespace kestrava {
+
 namespace {
 
 /// Type, code, checksum, identifier and sequence.

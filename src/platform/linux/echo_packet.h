@@ -46,7 +46,7 @@ std::optional<EchoStatus> StatusOfIcmpError(std::uint8_t type, std::uint8_t code
 /// An IPv4 packet (RFC 791) taken apart.
 struct Ipv4Packet {
   std::uint8_t timeToLive;
-  std::span<const std::uint8_t> message;  ///< what stands behind the header; points into the packet
+  std::span<const std::uint8_t> message;  ///< what follows the header; points into the packet
 };
 
 /// Nothing if the bytes can't hold the header that they announce.

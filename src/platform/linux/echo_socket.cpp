@@ -9,6 +9,7 @@
 #include <sys/socket.h>
 
 namespace kestrava {
+
 namespace {
 
 /// Longer than the longest IPv4 header (60 bytes) with the longest message that this system sends,

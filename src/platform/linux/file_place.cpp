@@ -15,6 +15,7 @@
 #include "platform/linux/system_error.h"
 
 namespace kestrava {
+
 namespace {
 
 constexpr std::uint64_t kStatusBlock = 512;  // the unit of st_blocks, whatever the file system's is

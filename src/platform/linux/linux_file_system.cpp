@@ -14,6 +14,7 @@
 #include "platform/linux/system_error.h"
 
 namespace kestrava {
+
 namespace {
 
 constexpr std::size_t kReadSize = 64 * 1024;

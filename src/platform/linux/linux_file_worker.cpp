@@ -13,6 +13,7 @@
 #include "platform/linux/system_error.h"
 
 namespace kestrava {
+
 namespace {
 
 using std::chrono::steady_clock;

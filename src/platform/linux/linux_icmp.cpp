@@ -9,6 +9,7 @@
 #include "platform/net/dotted_address.h"
 
 namespace kestrava {
+
 namespace {
 
 constexpr IcmpHandle kNoHandle = 0;

@@ -6,9 +6,9 @@
 #include "platform/linux/browser_program.h"
 
 namespace kestrava {
+
 namespace {
 
-constexpr const char* kBrowserKey = "http\\shell\\open\\command";
 /// From winerror.h of the Windows SDK, as those of the interface.
 constexpr std::int32_t ERROR_INVALID_HANDLE = 6;
 

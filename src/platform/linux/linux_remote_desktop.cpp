@@ -11,6 +11,7 @@
 #include "platform/runtime_error.h"
 
 namespace kestrava {
+
 namespace {
 
 /// Room for one lost SYN, which is sent again after one second (RFC 6298).

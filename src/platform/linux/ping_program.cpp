@@ -16,6 +16,7 @@
 #include "platform/linux/file_descriptor.h"
 
 namespace kestrava {
+
 namespace {
 
 using std::chrono::milliseconds;

@@ -9,6 +9,7 @@
 #include <utility>
 
 namespace kestrava {
+
 namespace {
 
 std::function<void()> lastWords;

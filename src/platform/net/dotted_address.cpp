@@ -6,6 +6,7 @@
 #include <charconv>
 
 namespace kestrava {
+
 namespace {
 
 constexpr std::size_t kMostDigits = 3;

@@ -1,6 +1,7 @@
 #include "platform/net/x224.h"
 
 namespace kestrava {
+
 namespace {
 
 constexpr std::uint8_t kTpktVersion = 3;

@@ -31,7 +31,7 @@ void Mirror(Control& control, QObject& link, QWidget* widget, Show show) {
   };
   showAll();
   control.Observe(showAll);
-  QObject::connect(&link, &QObject::destroyed, [&control] { control.Observe({}); });
+  QObject::connect(&link, &QObject::destroyed, &link, [&control] { control.Observe({}); });
 }
 
 void Mirror(Control& control, QObject& link, QWidget* widget) {
@@ -96,7 +96,7 @@ QWidget* MakeCheckBox(CheckBox& checkBox, QObject& link, QWidget* parent) {
 
 QWidget* MakeGrid(MSFlexGrid& grid, QObject& link, QWidget* parent) {
   auto* widget = new GridView(grid, parent);
-  widget->setAccessibleName(QObject::tr("Connections"));
+  widget->setAccessibleName("Connections");
   QObject::connect(&link, &QObject::destroyed, widget, &GridView::Detach);
   Mirror(grid, link, widget);
   return widget;

@@ -20,7 +20,7 @@ void Mirror(MenuEntry& entry, QObject& link, QAction& action) {
   action.setObjectName(entry.Spec().name);
   Show(entry, action);
   entry.Observe([&entry, &action] { Show(entry, action); });
-  QObject::connect(&link, &QObject::destroyed, [&entry] { entry.Observe({}); });
+  QObject::connect(&link, &QObject::destroyed, &link, [&entry] { entry.Observe({}); });
   QObject::connect(&action, &QAction::triggered, &link, [&entry, &action] {
     // The toolkit has flipped the check mark already, but the mark is the program's to set.
     Show(entry, action);

@@ -1,15 +1,12 @@
 #include "platform/qt/native_window.h"
 
-#include <QDialog>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QMainWindow>
 #include <QMenuBar>
-#include <QPixmap>
 #include <QPushButton>
 #include <QScreen>
-#include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
 #include <utility>
@@ -20,39 +17,14 @@
 #include "platform/qt/native_timer.h"
 #include "platform/qt/text.h"
 #include "platform/qt/wayland.h"
+#include "platform/qt/window_frame.h"
 
 namespace kestrava {
 
 namespace {
 
-constexpr Qt::WindowFlags kTitleBar = Qt::CustomizeWindowHint | Qt::WindowTitleHint;
-constexpr Qt::WindowFlags kCloseBox = Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
-
-/// Makes a window around `area`, which is to stand below the menu bar.
-QWidget* MakeWindow(FormStyle style, QWidget* owner, QWidget* area) {
-  if (style == FormStyle::MainWindow) {
-    auto* window =
-        new QMainWindow(owner, Qt::Window | kTitleBar | kCloseBox | Qt::WindowMinimizeButtonHint);
-    window->setCentralWidget(area);
-    return window;
-  }
-  Qt::WindowFlags flags = Qt::Dialog | kTitleBar;
-  if (style != FormStyle::ToolWindowWithoutClose) flags |= kCloseBox;
-  auto* window = new QDialog(owner, flags);
-  // Only the main window has an icon. Without any the program's own would show.
-  QPixmap nothing(1, 1);
-  nothing.fill(Qt::transparent);
-  window->setWindowIcon(nothing);
-  auto* layout = new QVBoxLayout(window);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(area);
-  return window;
-}
-
-/// What the window manager has put around a window. Nothing where the window has not been shown.
-QMargins FrameOf(const QWidget& window) {
-  return window.windowHandle() ? window.windowHandle()->frameMargins() : QMargins();
-}
+/// What isn't there at seven times the size will never fit.
+constexpr int kMostSteps = 200;
 
 }  // namespace
 
@@ -62,7 +34,6 @@ NativeWindow::NativeWindow(Form& form, QWidget* owner)
       widget_(MakeWindow(form.Spec().style, owner, area_)),
       link_(std::make_unique<QObject>()) {
   const FormSpec& spec = form.Spec();
-  setParent(widget_);
   widget_->layout()->setSizeConstraint(QLayout::SetFixedSize);
   widget_->setObjectName(spec.name);
   widget_->setWindowTitle(ToShown(spec.caption));
@@ -77,6 +48,11 @@ NativeWindow::NativeWindow(Form& form, QWidget* owner)
   for (Timer* timer : form.Timers()) new NativeTimer(*timer, link_.get());
   form.Observe([this] { ShowForm(); });
   ShowForm();
+}
+
+NativeWindow::~NativeWindow() {
+  link_.reset();
+  delete widget_;
 }
 
 QSize NativeWindow::OuterSize() const {
@@ -176,7 +152,7 @@ void NativeWindow::NameForScreenReaders() {
 
 void NativeWindow::Arrange() {
   scale_ = TwipScale::ForFontHeight(widget_->fontMetrics().height());
-  while (!Fits(scale_)) scale_ = scale_.Larger();
+  for (int step = 0; step < kMostSteps && !Fits(scale_); ++step) scale_ = scale_.Larger();
   ArrangeColumns();
   for (const Part& part : parts_) PlaceNativeControl(*part.widget, *part.spec, scale_);
   area_->setFixedSize(scale_.ToPixels(form_->Spec().width), scale_.ToPixels(form_->Spec().height));

@@ -3,6 +3,7 @@
 #include <QActionGroup>
 #include <QObject>
 #include <QPoint>
+#include <QPointer>
 #include <QSize>
 #include <QWidget>
 #include <memory>
@@ -16,13 +17,14 @@
 namespace kestrava {
 
 /// The native window of one form. It shows the form's state and feeds the user's input back to it.
-/// Its widget owns it.
+/// It owns its widget.
 class NativeWindow final : public QObject {
   Q_OBJECT
 
  public:
   /// Builds the window, unseen. `owner` is the window that it belongs to, or nullptr.
   NativeWindow(Form& form, QWidget* owner);
+  ~NativeWindow() override;
 
   QWidget& Widget() const { return *widget_; }
   const TwipScale& Scale() const { return scale_; }
@@ -81,8 +83,8 @@ class NativeWindow final : public QObject {
 
   Form* form_;
   QWidget* area_;
-  QWidget* widget_;
-  std::vector<Part> parts_;  ///< in tab order
+  QPointer<QWidget> widget_;  ///< nullptr once the widget that it belongs to has taken it along
+  std::vector<Part> parts_;   ///< in tab order
   TwipScale scale_;
   std::pair<int, int> place_;  ///< where the form was last put, in its twips
   bool placed_ = false;

@@ -2,6 +2,7 @@
 
 #include <QMessageBox>
 
+#include "platform/program_title.h"
 #include "platform/qt/text.h"
 #include "platform/qt/wayland.h"
 
@@ -22,7 +23,7 @@ QMessageBox::Icon NativeIcon(MessageIcon icon) {
 }
 
 void Fill(QMessageBox& box, const std::string& text, MessageIcon icon) {
-  box.setWindowTitle(QStringLiteral("Kestrava"));
+  box.setWindowTitle(kProgramTitle);
   box.setIcon(NativeIcon(icon));
   box.setStandardButtons(QMessageBox::Ok);
   box.setTextFormat(Qt::PlainText);

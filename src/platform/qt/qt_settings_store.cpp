@@ -8,6 +8,8 @@
 #include <QVariant>
 #include <chrono>
 
+#include "platform/program_title.h"
+
 namespace kestrava {
 
 namespace {
@@ -31,7 +33,7 @@ QVariant StoredValue(const std::string& value) {
 }  // namespace
 
 QtSettingsStore::QtSettingsStore()
-    : settings_(QSettings::NativeFormat, QSettings::UserScope, "Kestrava", "Kestrava") {
+    : settings_(QSettings::NativeFormat, QSettings::UserScope, kProgramTitle, kProgramTitle) {
   settings_.setFallbacksEnabled(false);
 }
 

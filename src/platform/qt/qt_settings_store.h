@@ -7,7 +7,7 @@
 namespace kestrava {
 
 /// The user's settings in the native format of `QSettings`, under the organisation and application
-/// name "Kestrava": `$XDG_CONFIG_HOME/Kestrava/Kestrava.conf` on Linux.
+/// name `kProgramTitle`: `$XDG_CONFIG_HOME/Kestrava/Kestrava.conf` on Linux.
 class QtSettingsStore : public SettingsStore {
  public:
   QtSettingsStore();

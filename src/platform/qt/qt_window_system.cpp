@@ -2,15 +2,16 @@
 
 #include <QEventLoop>
 #include <QScreen>
+#include <utility>
 
 namespace kestrava {
 
 void QtWindowSystem::Load(Form& form) {
   if (WindowOf(form)) return;
   form.CheckWhole();
-  auto* window = new NativeWindow(form, waits_.Owner());
-  windows_.emplace(&form, window);
-  QObject::connect(window, &NativeWindow::CloseRequested, window, [this, &form] { Close(form); });
+  auto& window = windows_[&form] = std::make_unique<NativeWindow>(form, waits_.Owner());
+  QObject::connect(window.get(), &NativeWindow::CloseRequested, window.get(),
+                   [this, &form] { Close(form); });
   if (form.Spec().style == FormStyle::MainWindow) JoinWaits(*window);
   form.Load.Raise();
 }
@@ -34,17 +35,18 @@ void QtWindowSystem::ShowModal(Form& form) {
 void QtWindowSystem::Unload(Form& form) {
   if (!WindowOf(form)) return;
   form.Unload.Raise();
-  NativeWindow* window = WindowOf(form);
-  if (!window) return;
-  windows_.erase(&form);
+  const auto found = windows_.find(&form);
+  if (found == windows_.end()) return;
+  std::unique_ptr<NativeWindow> window = std::move(found->second);
+  windows_.erase(found);
   window->Detach();
   form.SetVisible(false);
   if (form.Spec().style == FormStyle::MainWindow) {
-    endedMainWindow_.reset(&window->Widget());
+    endedMainWindow_ = std::move(window);
     eventLoop_.End();
   } else {
     // Handlers of the window's own widgets may be running.
-    window->Widget().deleteLater();
+    window.release()->deleteLater();
   }
 }
 
@@ -69,7 +71,7 @@ QWidget* QtWindowSystem::WidgetOf(const Form& form) const {
 
 NativeWindow* QtWindowSystem::WindowOf(const Form& form) const {
   const auto found = windows_.find(&form);
-  return found == windows_.end() ? nullptr : found->second;
+  return found == windows_.end() ? nullptr : found->second.get();
 }
 
 void QtWindowSystem::JoinWaits(NativeWindow& window) {

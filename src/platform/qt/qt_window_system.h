@@ -34,9 +34,9 @@ class QtWindowSystem final : public WindowSystem {
 
   QtEventLoop& eventLoop_;
   ModalWaits& waits_;
-  /// The main window's widgets, which own those of the dialogs, stay to the end.
-  std::unique_ptr<QWidget> endedMainWindow_;
-  std::map<const Form*, NativeWindow*> windows_;
+  /// The main window, whose widget owns those of the dialogs, stays to the end.
+  std::unique_ptr<NativeWindow> endedMainWindow_;
+  std::map<const Form*, std::unique_ptr<NativeWindow>> windows_;
 };
 
 }  // namespace kestrava

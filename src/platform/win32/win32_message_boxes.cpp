@@ -2,14 +2,13 @@
 
 #include <utility>
 
+#include "platform/program_title.h"
 #include "platform/win32/box_form.h"
 #include "platform/win32/windows_api.h"
 
 namespace kestrava {
 
 namespace {
-
-constexpr const char* kTitle = "Kestrava";
 
 HICON PictureOf(MessageIcon icon) {
   switch (icon) {
@@ -41,7 +40,7 @@ class MessageForm final : public OpenMsgBox {
  public:
   MessageForm(Win32WindowSystem& windows, const std::string& text, MessageIcon icon)
       : windows_(windows),
-        form_({.title = kTitle,
+        form_({.title = kProgramTitle,
                .text = text,
                .picture = icon != MessageIcon::None,
                .firstButton = "OK"}) {

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "platform/program_title.h"
 #include "platform/registry.h"
 #include "platform/win32/wide_text.h"
 #include "platform/win32/windows_api.h"
@@ -10,7 +11,9 @@ namespace kestrava {
 
 namespace {
 
-std::wstring KeyOf(const std::string& section) { return L"Software\\Kestrava\\" + ToWide(section); }
+std::wstring KeyOf(const std::string& section) {
+  return L"Software\\" + ToWide(kProgramTitle) + L'\\' + ToWide(section);
+}
 
 bool Store(const std::string& section, const std::string& key, const std::string& value) {
   const std::wstring text = ToWide(value);

@@ -15,7 +15,7 @@ constexpr int kRoot = 0;
 /// Desktops keep the kind of an entry that they have seen, so one with a check mark is another.
 constexpr int kCheckable = 1000;
 
-/// The access key stands behind "_" here. The program's captions have no "_" or "&" of their own.
+/// The access key follows "_" here. The program's captions have no "_" or "&" of their own.
 QString Label(QString caption) { return caption.replace('&', '_'); }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "platform/linux_desktop/session_bus.h"
 #include "platform/linux_desktop/tray/notification_picture.h"
+#include "platform/program_title.h"
 
 namespace kestrava {
 
@@ -49,23 +50,23 @@ NotificationService::NotificationService() {
 }
 
 void NotificationService::Show(const QString& title, const QString& body, const QIcon& picture) {
-  ++wish_;
+  ++requestId_;
   wanted_ = true;
-  if (!Connect() || take_) {
+  if (!Connect() || takeReply_) {
     Fail();
     return;
   }
   patience_.start();
   // Another service may have taken the place of the one that showed the last notification.
   Ask("GetCapabilities", {},
-      [this, title, body, picture, wish = wish_](const QDBusMessage& answer) {
-        if (wish == wish_)
+      [this, title, body, picture, request = requestId_](const QDBusMessage& answer) {
+        if (request == requestId_)
           TakeCapabilities(answer.arguments().value(0).toStringList(), title, body, picture);
       });
 }
 
 void NotificationService::Hide() {
-  ++wish_;
+  ++requestId_;
   wanted_ = false;
   patience_.stop();
   Close(std::exchange(id_, 0));
@@ -90,17 +91,17 @@ bool NotificationService::Connect() {
 }
 
 void NotificationService::Ask(const char* method, const QVariantList& arguments, Take take) {
-  take_ = std::move(take);
+  takeReply_ = std::move(take);
   // This way answers and signals arrive in their order; a click may come right after the answer.
   const bool asked = SessionBus().callWithCallback(
       Call(method, arguments), this, SLOT(TakeAnswer(QDBusMessage)),
       SLOT(TakeError(QDBusError, QDBusMessage)), static_cast<int>(kLatestAnswer.count()));
-  if (!asked) take_ = {};
+  if (!asked) takeReply_ = {};
 }
 
 void NotificationService::TakeAnswer(const QDBusMessage& answer) {
   // It may ask anew.
-  if (const Take take = std::exchange(take_, {})) take(answer);
+  if (const Take take = std::exchange(takeReply_, {})) take(answer);
 }
 
 void NotificationService::TakeError(const QDBusError&, const QDBusMessage& answer) {
@@ -118,12 +119,12 @@ void NotificationService::TakeCapabilities(const QStringList& capabilities, cons
   QVariantMap hints = {{"desktop-entry", "kestrava"}, {"transient", true}};
   if (!picture.isNull()) hints.insert("image-data", NotificationPicture(picture));
   const int expiry = static_cast<int>(kExpiry.count());
-  const QVariantList arguments = {"Kestrava", id_,   "kestrava",
-                                  title,      body,  QStringList{kDefaultAction, kDefaultLabel},
-                                  hints,      expiry};
-  Ask("Notify", arguments, [this, wish = wish_](const QDBusMessage& answer) {
+  const QVariantList arguments = {kProgramTitle, id_,   "kestrava",
+                                  title,         body,  QStringList{kDefaultAction, kDefaultLabel},
+                                  hints,         expiry};
+  Ask("Notify", arguments, [this, request = requestId_](const QDBusMessage& answer) {
     const uint id = answer.arguments().value(0).toUInt();
-    if (wish != wish_) {
+    if (request != requestId_) {
       Close(id);
     } else if (id == 0) {
       Fail();

@@ -53,10 +53,10 @@ class NotificationService final : public QObject {
 
   std::optional<BusNameWatch> watcher_;  ///< from the first connection to the bus on
   QTimer patience_;
-  /// Counts what was asked of the service last, so that late answers to earlier wishes are known.
-  unsigned wish_ = 0;
+  /// Counts what was asked of the service, so that a late answer to an earlier request is known.
+  unsigned requestId_ = 0;
   bool wanted_ = false;  ///< a notification is up or asked for
-  Take take_;            ///< takes the answer that the service owes; empty where it owes none
+  Take takeReply_;       ///< takes the reply that is pending; empty where none is
   uint id_ = 0;          ///< of the notification that is up; 0 for none
   QString shower_;       ///< the unique bus name of whoever shows it
 };

@@ -50,31 +50,32 @@ void TrayIcon::LookOnBus() {
 
 void TrayIcon::Follow() {
   if (statusNotifier_->State() == StatusNotifierWatch::Host::Asking) return;
-  const Road road = BestRoad();
-  if (road == road_) return;
-  road_ = road;
+  const TrayKind kind = BestKind();
+  if (kind == kind_) return;
+  kind_ = kind;
   standIn_.reset();
   embedded_.reset();
   onBus_.reset();
   menu_.reset();
-  switch (road) {
-    case Road::StatusNotifier:
+  switch (kind) {
+    case TrayKind::StatusNotifier:
       return ShowOnBus();
-    case Road::Xembed:
+    case TrayKind::Xembed:
       return ShowEmbedded();
     default:
       return ShowStandIn();
   }
 }
 
-TrayIcon::Road TrayIcon::BestRoad() const {
+TrayIcon::TrayKind TrayIcon::BestKind() const {
   using Host = StatusNotifierWatch::Host;
   const Host host = statusNotifier_->State();
-  if (host == Host::Present) return Road::StatusNotifier;
+  if (host == Host::Present) return TrayKind::StatusNotifier;
   // The toolkit looks for a host by itself and waits for its answer, so it must not be made to ask
   // somebody who doesn't give one.
   const bool mayEmbed = xembed_->TrayPresent() && (host == Host::Absent || embedded_);
-  return mayEmbed && QSystemTrayIcon::isSystemTrayAvailable() ? Road::Xembed : Road::StandIn;
+  return mayEmbed && QSystemTrayIcon::isSystemTrayAvailable() ? TrayKind::Xembed
+                                                              : TrayKind::StandIn;
 }
 
 void TrayIcon::ShowOnBus() {

@@ -40,12 +40,12 @@ class TrayIcon final : public QObject {
   void ContextRequested();
 
  private:
-  enum class Road { None, StatusNotifier, Xembed, StandIn };
+  enum class TrayKind { None, StatusNotifier, Xembed, StandIn };
 
   void LookForTrays();
   void LookOnBus();
   void Follow();
-  Road BestRoad() const;
+  TrayKind BestKind() const;
   void ShowOnBus();
   void ShowEmbedded();
   void ShowStandIn();
@@ -54,7 +54,7 @@ class TrayIcon final : public QObject {
   const QWidget& window_;
   QIcon icon_;
   QString tip_;
-  Road road_ = Road::None;
+  TrayKind kind_ = TrayKind::None;
   std::optional<LateSessionBus> lateBus_;
   std::optional<StatusNotifierWatch> statusNotifier_;
   std::optional<XembedWatch> xembed_;
