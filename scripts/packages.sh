@@ -13,8 +13,9 @@ test_packages=(libgtest-dev tidy dbus-daemon trayer weston python3-minimal openb
 bench_packages=(fping)
 # dpkg-dev finds the libraries that the package depends on; the others look at what came out.
 package_packages=(dpkg-dev devscripts lintian appstream desktop-file-utils man-db)
-ci_packages=(clang clang-format clang-tidy libclang-rt-14-dev llvm
-  g++-mingw-w64-x86-64-win32 googletest wine wine64)
+ci_packages=(clang clang-format clang-tidy libclang-rt-14-dev llvm googletest)
+# The program for Windows, its setup program, and what runs both here.
+windows_packages=(cmake ninja-build g++-mingw-w64-x86-64-win32 nsis wine wine64)
 
 # The service that comes with xrdp would open this machine to the network. Only the server program
 # is wanted, so the service is masked before it can start for the first time.

@@ -14,7 +14,24 @@ set_source_files_properties(
 add_executable(kestrava WIN32 src/main_windows.cpp ${PROJECT_BINARY_DIR}/generated/kestrava.rc)
 target_include_directories(kestrava PRIVATE ${PROJECT_BINARY_DIR}/generated)
 target_link_libraries(kestrava PRIVATE kestrava_logic kestrava_win32)
-target_link_options(kestrava PRIVATE -static -s -Wl,--dynamicbase,--nxcompat,--high-entropy-va)
+target_link_options(kestrava PRIVATE -static -s -Wl,--dynamicbase,--nxcompat,--high-entropy-va
+                    -Wl,--no-insert-timestamp)
 
 # A few lists to begin with, where the file dialogs start, and the manual.
 file(COPY resources/Lists web DESTINATION ${PROJECT_BINARY_DIR})
+
+# The setup program, made on demand: cmake --build --preset windows --target setup
+find_program(MAKENSIS makensis)
+if(MAKENSIS)
+  set(program ${PROJECT_BINARY_DIR}/kestrava.exe)
+  set(setup_program ${PROJECT_BINARY_DIR}/kestrava-${PROJECT_VERSION}-setup.exe)
+  set(setup_script ${PROJECT_BINARY_DIR}/generated/setup.nsi)
+  configure_file(${CMAKE_CURRENT_LIST_DIR}/setup.nsi.in ${setup_script} @ONLY)
+  file(GLOB documents CONFIGURE_DEPENDS resources/Lists/*.kvl web/*.html web/KVManual/*.png)
+  add_custom_command(
+    OUTPUT ${setup_program}
+    COMMAND ${MAKENSIS} -V2 -WX ${setup_script}
+    DEPENDS kestrava ${setup_script} ${documents} ${CMAKE_CURRENT_LIST_DIR}/kestrava.ico LICENSE
+    VERBATIM)
+  add_custom_target(setup DEPENDS ${setup_program})
+endif()

@@ -1,0 +1,37 @@
+# shellcheck shell=bash disable=SC2154
+# Windows for a run of the program: Wine, in a prefix of the stage's own. Sourced by the scripts
+# after stage.sh, and used when the stage is open; needs bash.
+
+# Starts Wine, which draws on the display where there is one and nothing anywhere else.
+start_wine() {
+  export WINEPREFIX=$stage_folder/wine
+  # A crash ends the program, and what the toolkits of others would add is left out.
+  export WINEDLLOVERRIDES='winedbg.exe=;mscoree=;mshtml=' WINEDEBUG=-all
+  # Its services keep whatever pipe they are given: a caller of the script would wait for its end.
+  wine wineboot --init >"$stage_folder/wine.log" 2>&1 </dev/null
+  trap clear_wine EXIT
+  if [[ -z "${DISPLAY-}" ]]; then in_wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f; fi
+  # As for someone who has been there before.
+  wineserver --wait
+  wineserver --persistent
+  in_wine cmd /c exit
+}
+
+clear_wine() {
+  wineserver --kill || true
+  wineserver --wait || true
+  clear_stage
+}
+
+# in_wine PROGRAM ARGUMENT...: runs a program for Windows. What it prints goes to the log.
+in_wine() { wine "$@" >>"$stage_folder/wine.log" 2>&1 </dev/null; }
+
+# Whether the program runs in this prefix: Wine 8 has no list of tasks to ask.
+program_runs() {
+  local process
+  for process in $(pgrep -f '\\kestrava\.exe'); do
+    if grep -qzFx "WINEPREFIX=$WINEPREFIX" "/proc/$process/environ" 2>/dev/null; then return; fi
+  done
+  return 1
+}
+program_is_gone() { ! program_runs; }
