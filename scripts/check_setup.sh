@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the program for Windows under Wine, logs in so that it starts, and uninstalls it: what is
-# the user's stays, and of a user who has nothing nothing does. build/windows has the program already.
+# the user's stays, and nothing else does. build/windows has the program already.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source scripts/packages.sh
@@ -25,12 +25,13 @@ fail() {
 refused() {
   if in_wine "$@"; then fail "Not refused while the program runs: $*"; fi
 }
-# Every file, and every setting but the program's own and the system's notes of what was opened.
+# Every file and every setting of the user, but for what Wine notes for itself.
 world() {
   find "$WINEPREFIX/drive_c" -path '*/Temp/*' -prune -o -print | sort
   wine reg export 'HKCU\Software' "$stage_folder/user.reg" /y \
     >>"$stage_folder/wine.log" 2>&1 </dev/null
-  iconv -f UTF-16 -t UTF-8 "$stage_folder/user.reg"
+  iconv -f UTF-16 -t UTF-8 "$stage_folder/user.reg" |
+    sed '/^\[HKEY_CURRENT_USER\\Software\\Wine/,/^\r*$/d'
 }
 uninstalled() { [[ ! -e $installed/uninstall.exe ]]; }
 # It works as a copy of itself, which goes on when it has returned.
@@ -38,6 +39,11 @@ uninstall() {
   in_wine "$installed/uninstall.exe" /S
   wait_for 30 "the end of the uninstaller" uninstalled
 }
+
+# Windows has both from the start.
+in_wine reg add 'HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall' /f
+mkdir -p "$users/AppData/Local/Programs"
+world >"$stage_folder/before"
 
 echo "Installing, and logging in."
 in_wine "$setup" /S /LOGIN
@@ -67,12 +73,11 @@ left=$(cd "$installed" && find . -type f | sort | paste -sd ' ')
 [[ $(tail -c 1 "$installed/Lists/office.kvl") == x ]] || fail "A list is another one."
 in_wine reg query 'HKCU\Software\Kestrava\Preferences' /v Tray
 
-echo "And of the rest nothing."
+echo "And nothing else is left."
 rm -r "$installed"
-world >"$stage_folder/before"
+in_wine reg delete 'HKCU\Software\Kestrava' /f
 in_wine "$setup" /S
-world >"$stage_folder/between"
-if cmp -s "$stage_folder/before" "$stage_folder/between"; then fail "Nothing was installed."; fi
+[[ -e $shortcut ]] || fail "It was not installed once more."
 uninstall
 wait_for 30 "the end of its folder" test ! -e "$installed"
 world | diff "$stage_folder/before" -

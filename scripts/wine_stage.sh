@@ -5,8 +5,8 @@
 # Starts Wine, which draws on the display where there is one and nothing anywhere else.
 start_wine() {
   export WINEPREFIX=$stage_folder/wine
-  # A crash ends the program, and what the toolkits of others would add is left out.
-  export WINEDLLOVERRIDES='winedbg.exe=;mscoree=;mshtml=' WINEDEBUG=-all
+  # A crash ends the program, nothing is added to the user's own menus, and no other toolkit is wanted.
+  export WINEDLLOVERRIDES='winedbg.exe=;winemenubuilder.exe=;mscoree=;mshtml=' WINEDEBUG=-all
   # Its services keep whatever pipe they are given: a caller of the script would wait for its end.
   wine wineboot --init >"$stage_folder/wine.log" 2>&1 </dev/null
   trap clear_wine EXIT
