@@ -1,19 +1,36 @@
 #!/usr/bin/env bash
 # Builds Kestrava and starts it. With --demo, or where there is no display, it is shown at work on a
-# virtual display instead.
+# virtual display instead. With --windows it builds the program for Windows and its setup program and
+# tells where they lie; then --demo shows that one at work, under Wine.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 source scripts/packages.sh
 
 demo=false
-case "$*" in
-  "") ;;
-  --demo) demo=true ;;
-  *)
-    echo "usage: ./run.sh [--demo]" >&2
-    exit 2
-    ;;
-esac
+windows=false
+for argument in "$@"; do
+  case "$argument" in
+    --demo) demo=true ;;
+    --windows) windows=true ;;
+    *)
+      echo "usage: ./run.sh [--windows] [--demo]" >&2
+      exit 2
+      ;;
+  esac
+done
+
+if [[ $windows == true ]]; then
+  packages=("${windows_packages[@]}")
+  if [[ $demo == true ]]; then packages+=("${wine_packages[@]}" "${stage_packages[@]}"); fi
+  install_missing "${packages[@]}"
+
+  cmake --preset windows -DKESTRAVA_BUILD_TESTS=OFF
+  cmake --build --preset windows --target kestrava setup
+  echo "The program is build/windows/kestrava.exe, its setup program $(echo build/windows/*-setup.exe)."
+  if [[ $demo == true ]]; then exec scripts/demo_windows.sh; fi
+  exit
+fi
+
 if [[ -z "${DISPLAY-}${WAYLAND_DISPLAY-}" && $demo == false ]]; then
   echo "There is no display here, so this is the demo on a virtual one."
   demo=true

@@ -6,7 +6,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source scripts/packages.sh
 source scripts/stage.sh
 source scripts/wine_stage.sh
-install_missing "${windows_packages[@]}"
+install_missing "${windows_packages[@]}" "${wine_packages[@]}"
 
 cmake --build --preset windows --target setup
 setup=$(echo build/windows/kestrava-*-setup.exe)

@@ -14,8 +14,9 @@ bench_packages=(fping)
 # dpkg-dev finds the libraries that the package depends on; the others look at what came out.
 package_packages=(dpkg-dev devscripts lintian appstream desktop-file-utils man-db)
 ci_packages=(clang clang-format clang-tidy libclang-rt-14-dev llvm googletest)
-# The program for Windows, its setup program, and what runs both here.
-windows_packages=(cmake ninja-build g++-mingw-w64-x86-64-win32 nsis wine wine64)
+# The program for Windows and its setup program, and what runs both here.
+windows_packages=(cmake ninja-build g++-mingw-w64-x86-64-win32 nsis)
+wine_packages=(wine wine64 procps)
 
 # The service that comes with xrdp would open this machine to the network. Only the server program
 # is wanted, so the service is masked before it can start for the first time.
