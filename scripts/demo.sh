@@ -63,14 +63,7 @@ echo "The lamps, from the top: $(lamps)."
 
 echo "Saving the list with \"Save Connection List\"."
 saved=$output/checked.kvl
-rm -f "$saved"
-xdotool key alt+f s
-take_window "Save As"
-xdotool key ctrl+a type --delay 10 "$saved"
-xdotool key Return
-wait_for 10 "the saved list" test -s "$saved"
-confirm_message
-take_main_window
+save_list "$saved"
 echo
 cat "$saved"
 echo

@@ -22,7 +22,6 @@ start_wine
 
 output=$PWD/build/demo
 mkdir -p "$output"
-preferences='HKCU\Software\Kestrava\Preferences'
 list=$stage_folder/demo.kvl
 {
   printf 'ZR_Kestrava_ConnectionList\r\n'
@@ -66,14 +65,10 @@ balloon_shows() { (($(taskbar_windows) > bars)); }
 work() {
   echo "Starting Kestrava with $dots points per inch, where it loads its last list."
   in_wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$dots" /f
-  in_wine reg add "$preferences" /v AutoLoadList /d 1 /f
-  in_wine reg add "$preferences" /v LastListFile /d "Z:${list//\//\\}" /f
   wineserver --kill
   wineserver --wait
   wineserver --persistent
-  in_wine explorer /desktop=demo,1280x1024 build/windows/kestrava.exe &
-  take_window Kestrava
-  main_window=$window
+  start_program "$list"
 
   click 10500 320  # "Add New Connection"
   wait_for 20 "the dialog" find_window "Add New Connection"
@@ -88,14 +83,7 @@ work() {
 
   echo "Saving the list with \"Save Connection List\"."
   saved=$output/windows-checked-$dots.kvl
-  rm -f "$saved"
-  xdotool key alt+f s
-  take_window "Save As"
-  xdotool key ctrl+a type --delay 10 "Z:${saved//\//\\}"
-  xdotool key Return
-  wait_for 10 "the saved list" test -s "$saved"
-  confirm_message
-  take_main_window
+  save_list "$saved" "$(wine_name "$saved")"
   echo
   cat "$saved"
   echo
@@ -116,8 +104,7 @@ work() {
   wait_for 30 "the balloon" balloon_shows
   corner balloon
 
-  in_wine wineboot --end-session
-  wait_for 10 "the end of the program" program_is_gone
+  end_session
 }
 
 for dots in 96 144; do work; done

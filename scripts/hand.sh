@@ -73,3 +73,16 @@ add_machine() {
   wait_for 5 "the end of the dialog" is_gone "Add New Connection"
   take_main_window
 }
+
+# save_list FILE [NAME]: saves the program's list with "Save Connection List" as this file, which is
+# typed as the name.
+save_list() {
+  rm -f "$1"
+  xdotool key alt+f s
+  take_window "Save As"
+  xdotool key ctrl+a type --delay 10 "${2-$1}"
+  xdotool key Return
+  wait_for 10 "the saved list" test -s "$1"
+  confirm_message
+  take_main_window
+}

@@ -29,9 +29,29 @@ in_wine() { wine "$@" >>"$stage_folder/wine.log" 2>&1 </dev/null; }
 # Whether the program runs in this prefix: Wine 8 has no list of tasks to ask.
 program_runs() {
   local process
-  for process in $(pgrep -f '\\kestrava\.exe'); do
+  for process in $(pgrep -f '^[^ ]*[\\/]kestrava\.exe'); do
     if grep -qzFx "WINEPREFIX=$WINEPREFIX" "/proc/$process/environ" 2>/dev/null; then return; fi
   done
   return 1
 }
 program_is_gone() { ! program_runs; }
+
+# The name of a file of this system, there.
+wine_name() { echo "Z:${1//\//\\}"; }
+
+# Starts the program for Windows on a desktop of Wine's own, with a taskbar, where it loads the list.
+# Needs hand.sh.
+start_program() {
+  local preferences='HKCU\Software\Kestrava\Preferences'
+  in_wine reg add "$preferences" /v AutoLoadList /d 1 /f
+  in_wine reg add "$preferences" /v LastListFile /d "$(wine_name "$1")" /f
+  in_wine explorer /desktop=kestrava,1280x1024 build/windows/kestrava.exe &
+  take_window Kestrava
+  main_window=$window
+}
+
+# Each desktop has its own session.
+end_session() {
+  in_wine explorer /desktop=kestrava wineboot --end-session
+  wait_for 30 "the end of the program" program_is_gone
+}
