@@ -1,4 +1,4 @@
-# shellcheck shell=bash disable=SC2154
+# shellcheck shell=bash disable=SC2034,SC2154
 # Windows for a run of the program: Wine, in a prefix of the stage's own. Sourced by the scripts
 # after stage.sh, and used when the stage is open; needs bash.
 
