@@ -1,5 +1,5 @@
 # shellcheck shell=bash disable=SC2034
-# The Debian packages behind each script, and a function that installs those that are missing.
+# The Debian packages that each script needs, and a function that installs those that are missing.
 # Sourced by the scripts; needs bash.
 
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libglib2.0-dev libxcb1-dev)

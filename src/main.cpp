@@ -1,12 +1,14 @@
 #include <QApplication>
 #include <QIcon>
 #include <QSessionManager>
+#include <algorithm>
 #include <clocale>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <iterator>
 #include <string_view>
 
 #include "help/program_info.h"
@@ -61,6 +63,28 @@ bool Answers(std::string_view argument) {
   return true;
 }
 
+/// The first argument that is none of the toolkit's, with whatever follows an option; null for
+/// none. The toolkit's are those of the documentation of QGuiApplication and QApplication, with one
+/// dash or two, and it ends the program with a core where there is no display before it looks at
+/// the rest.
+const char* FindUnknown(int argc, char* argv[]) {
+  constexpr std::string_view kWithValue[] = {
+      "-platform",        "-platformpluginpath", "-platformtheme", "-plugin",
+      "-qwindowgeometry", "-geometry",           "-qwindowicon",   "-icon",
+      "-session",         "-qwindowtitle",       "-title",         "-display",
+      "-style",           "-stylesheet"};
+  constexpr std::string_view kAlone[] = {"-reverse", "-widgetcount"};
+  for (int i = 1; i < argc; ++i) {
+    std::string_view argument = argv[i];
+    if (argument.starts_with("--")) argument.remove_prefix(1);
+    if (std::ranges::find(kAlone, argument) != std::end(kAlone)) continue;
+    const std::string_view option = argument.substr(0, argument.find('='));
+    if (std::ranges::find(kWithValue, option) == std::end(kWithValue)) return argv[i];
+    if (option == argument) ++i;
+  }
+  return nullptr;
+}
+
 /// Shows the manual that was installed with the program, or that of the sources in the folder where
 /// it was built, while the web site's host is one that nobody can have (RFC 2606).
 void ShowManualWithoutWebSite(kestrava::LinuxDesktop& desktop) {
@@ -96,6 +120,11 @@ int main(int argc, char* argv[]) {
     if (Answers(argv[i])) return std::fflush(stdout) == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
   }
 
+  if (const char* unknown = FindUnknown(argc, argv)) {
+    std::fprintf(stderr, "kestrava: unknown argument %s\n", unknown);
+    return kExitUsage;
+  }
+
   // A file that may grow no further, or a reader of standard error that has gone, is an error of
   // the write that meets it. Programs that are started find every signal as it is by default.
   for (const int signal : {SIGXFSZ, SIGPIPE}) std::signal(signal, SIG_IGN);
@@ -109,11 +138,6 @@ int main(int argc, char* argv[]) {
   QApplication::setDesktopFileName(QStringLiteral("kestrava"));
   WithholdSilentSessionBus();
   Application application(argc, argv, unloadMainWindow);
-  // The toolkit has taken the arguments that are its own.
-  if (argc > 1) {
-    std::fprintf(stderr, "kestrava: unknown argument %s\n", argv[1]);
-    return kExitUsage;
-  }
   // The application object has just taken over the user's locale. Dates follow it, but numbers in
   // stored texts always have a point.
   std::setlocale(LC_NUMERIC, "C");

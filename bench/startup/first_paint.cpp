@@ -14,7 +14,7 @@ class FirstPaintWatch : public QObject {
   bool eventFilter(QObject* target, QEvent* event) override {
     if (event->type() == QEvent::Paint && target->isWidgetType()) {
       // Every widget of the window is painted within this turn of the event loop and the picture
-      // handed to the display at its end; the timer comes in the turn behind it.
+      // handed to the display at its end; the timer comes in the turn after it.
       QTimer::singleShot(0, [] { std::_Exit(EXIT_SUCCESS); });
       QCoreApplication::instance()->removeEventFilter(this);
     }

@@ -4,7 +4,7 @@
 
 namespace kestrava {
 
-/// The program's web site, with no path behind the host.
+/// The program's web site, with no path after the host.
 std::string WebSiteUrl();
 
 /// The manual.

@@ -8,7 +8,6 @@
 #include "probes/connection_probe.h"
 #include "shared/connection_table.h"
 #include "shared/general_date.h"
-#include "shared/shared_state.h"
 
 namespace kestrava {
 
@@ -30,14 +29,14 @@ class BusyPointer {
 
 Task<> CheckPass::Run() {
   const BusyPointer busy(window_);
-  state_.FailedConnections.clear();
+  failedConnections_.clear();
   const RowBookmark last = grid_.Bookmark(grid_.Rows() - 1);
   std::int32_t next = kHeadingRow + 1;
   while (next < grid_.Rows()) {
     const RowBookmark row = grid_.Bookmark(next);
     if (row > last) break;
     co_await CheckRow(row);
-    next = grid_.RowBehind(row);
+    next = grid_.RowAfter(row);
   }
 }
 
@@ -70,7 +69,7 @@ void CheckPass::WriteOffline(const std::string& answer) {
   WriteCell(grid_, kStatusColumn, "Offline (" + answer + ")");
   WriteCell(grid_, kLastCheckedColumn, NowText());
   grid_.SetCol(kNameColumn);
-  state_.FailedConnections.push_back(grid_.Text());
+  failedConnections_.push_back(grid_.Text());
 }
 
 /// Many rows fall into one second and share its text.

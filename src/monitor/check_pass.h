@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <string>
+#include <vector>
 
 #include "platform/task.h"
 
@@ -13,7 +14,6 @@ class EventLoop;
 class Form;
 class MSFlexGrid;
 struct RowBookmark;
-struct SharedState;
 
 /// One walk over the connection table: every row's address is tested and the outcome written into
 /// that row. Events are delivered meanwhile, so rows may come and go; the pass keeps to the rows
@@ -21,14 +21,16 @@ struct SharedState;
 class CheckPass {
  public:
   /// @param window shows the busy pointer while a pass is under way.
+  /// @param failedConnections gets the names of the rows that fail, and loses those of the pass
+  /// before.
   CheckPass(MSFlexGrid& grid, ConnectionProbe& probe, EventLoop& eventLoop, const Clock& clock,
-            Form& window, SharedState& state)
+            Form& window, std::vector<std::string>& failedConnections)
       : grid_(grid),
         probe_(probe),
         eventLoop_(eventLoop),
         clock_(clock),
         window_(window),
-        state_(state) {}
+        failedConnections_(failedConnections) {}
 
   /// A pass from its start to its end. Not to be run while another one is under way.
   Task<> Run();
@@ -44,7 +46,7 @@ class CheckPass {
   EventLoop& eventLoop_;
   const Clock& clock_;
   Form& window_;
-  SharedState& state_;
+  std::vector<std::string>& failedConnections_;
   std::chrono::local_seconds textSecond_{};
   std::string text_;  ///< that second, as it stands in a cell
 };

@@ -31,12 +31,13 @@ frmMain::frmMain(const Platform& platform)
       platform_(platform),
       ping_(platform.icmp, platform.sockets, platform.messageBoxes),
       probe_(ping_, platform.rdp, platform.eventLoop),
-      checkPass_(grdServers, probe_, platform.eventLoop, platform.clock, *this, state_),
-      schedule_(platform.clock, state_),
+      checkPass_(grdServers, probe_, platform.eventLoop, platform.clock, *this,
+                 state_.FailedConnections),
+      schedule_(platform.clock, state_.CheckInterval, state_.NextCheckTime),
       lists_(grdServers, platform.files, platform.commonDialog, platform.messageBoxes,
              state_.LastListFile, platform.programFolder, [this] { ApplyButtonRule(); }),
-      popup_(*this, mnufile, mnuFileRestore, platform.messages, state_,
-             [this] { RestoreWindow(); }),
+      popup_(*this, mnufile, mnuFileRestore, platform.messages, state_.SavedWindowProc,
+             state_.BalloonAction, [this] { RestoreWindow(); }),
       icon_(platform.notificationArea, platform.versions, popup_),
       browser_(platform.registry, platform.processes, platform.messageBoxes) {
   Load.Connect([this] { Form_Load(); });

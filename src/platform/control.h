@@ -32,7 +32,7 @@ struct ControlSpec {
   int top;
   int width;
   int height;
-  int tabOrder;  ///< from 0; a label's stands for the control behind it
+  int tabOrder;  ///< from 0; a label's access key leads to the control after it
 };
 
 /// What any control shows. The desktop mirrors it into a native widget and observes it.

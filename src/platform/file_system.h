@@ -14,7 +14,7 @@ class TextStream {
   /// Closes the file, if `Close` didn't, and reports nothing.
   virtual ~TextStream() = default;
 
-  /// Writes the bytes of `text`, which may be many lines, and CR LF behind them. They wait in
+  /// Writes the bytes of `text`, which may be many lines, and CR LF after them. They wait in
   /// memory until `Close`.
   virtual void WriteLine(std::string text) = 0;
 

@@ -104,7 +104,7 @@ std::optional<std::int32_t> MSFlexGrid::RowOf(RowBookmark bookmark) const {
   return row;
 }
 
-std::int32_t MSFlexGrid::RowBehind(RowBookmark bookmark) const {
+std::int32_t MSFlexGrid::RowAfter(RowBookmark bookmark) const {
   return FirstRowFrom(bookmark.serial + 1);
 }
 

@@ -97,7 +97,7 @@ class MSFlexGrid : public Control {
   std::optional<std::int32_t> RowOf(RowBookmark bookmark) const;
   /// The number of the first row below the marked one that came later to the table, whether or not
   /// the marked one is still there; `Rows` if there is none.
-  std::int32_t RowBehind(RowBookmark bookmark) const;
+  std::int32_t RowAfter(RowBookmark bookmark) const;
 
   /// For showing a cell without moving the current one. The indexes must be inside the table.
   std::string TextAt(std::int32_t row, std::int32_t col) const {

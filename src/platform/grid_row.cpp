@@ -29,15 +29,15 @@ void GridRow::SetText(std::size_t col, std::string_view text) {
   const std::size_t begin = TextBegin(col);
   const std::size_t oldEnd = Heads()[col].textEnd;
   const std::size_t newEnd = begin + text.size();
-  const std::size_t behind = Heads()[cols_ - 1].textEnd - oldEnd;
-  const std::size_t size = WholeSteps(newEnd + behind);
+  const std::size_t after = Heads()[cols_ - 1].textEnd - oldEnd;
+  const std::size_t size = WholeSteps(newEnd + after);
   if (size > kLargestBlock) throw RuntimeError(kErrorOverflow, "too much text in a row");
-  if (size == WholeSteps(oldEnd + behind)) {
-    std::memmove(block_.get() + newEnd, block_.get() + oldEnd, behind);
+  if (size == WholeSteps(oldEnd + after)) {
+    std::memmove(block_.get() + newEnd, block_.get() + oldEnd, after);
   } else {
     auto block = std::make_unique_for_overwrite<std::byte[]>(size);
     std::memcpy(block.get(), block_.get(), begin);
-    std::memcpy(block.get() + newEnd, block_.get() + oldEnd, behind);
+    std::memcpy(block.get() + newEnd, block_.get() + oldEnd, after);
     block_ = std::move(block);
   }
   text.copy(reinterpret_cast<char*>(block_.get() + begin), text.size());

@@ -24,7 +24,7 @@ static_assert(offsetof(WSADATA, iMaxUdpDg) == 392);
 static_assert(offsetof(WSADATA, lpVendorInfo) == 396);
 static_assert(sizeof(WSADATA) == 400);
 
-/// The system's socket layer, which a program starts before its first socket and ends behind its
+/// The system's socket layer, which a program starts before its first socket and ends after its
 /// last.
 class WindowsSockets {
  public:

@@ -31,7 +31,7 @@ std::string BareStatusText(const std::string& line) {
 }
 
 /// The Remote Desktop stage of one probe. `result` always holds the answer of that moment, so that
-/// an error leaves the right text behind.
+/// an error leaves the right text.
 class RemoteDesktopStage {
  public:
   RemoteDesktopStage(MsRdpClient2& rdp, EventLoop& eventLoop, const std::string& address,

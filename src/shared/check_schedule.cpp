@@ -4,7 +4,6 @@
 #include <string>
 
 #include "platform/clock.h"
-#include "shared/shared_state.h"
 
 namespace kestrava {
 
@@ -23,14 +22,14 @@ std::string ClockText(std::chrono::local_seconds moment) {
 }  // namespace
 
 void CheckSchedule::SetInterval(std::int32_t minutes) {
-  state_.CheckInterval = minutes;
+  checkInterval_ = minutes;
   SetNextCheckTime();
 }
 
-bool CheckSchedule::IsDue() const { return ClockText(clock_.Now()) == state_.NextCheckTime; }
+bool CheckSchedule::IsDue() const { return ClockText(clock_.Now()) == nextCheckTime_; }
 
 void CheckSchedule::SetNextCheckTime() {
-  state_.NextCheckTime = ClockText(clock_.InMinutes(state_.CheckInterval));
+  nextCheckTime_ = ClockText(clock_.InMinutes(checkInterval_));
 }
 
 }  // namespace kestrava

@@ -1,16 +1,19 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace kestrava {
 
 class Clock;
-struct SharedState;
 
 /// When the next timed check pass is due: a reading of the clock, with no date.
 class CheckSchedule {
  public:
-  CheckSchedule(const Clock& clock, SharedState& state) : clock_(clock), state_(state) {}
+  /// @param checkInterval minutes from one timed pass to the next.
+  /// @param nextCheckTime the due minute, "hh:mm".
+  CheckSchedule(const Clock& clock, std::int32_t& checkInterval, std::string& nextCheckTime)
+      : clock_(clock), checkInterval_(checkInterval), nextCheckTime_(nextCheckTime) {}
 
   /// Makes `minutes` the check interval, and the next pass due so many minutes from now. Any number
   /// will do; only the clock reading at the end of the interval counts.
@@ -24,7 +27,8 @@ class CheckSchedule {
 
  private:
   const Clock& clock_;
-  SharedState& state_;
+  std::int32_t& checkInterval_;
+  std::string& nextCheckTime_;
 };
 
 }  // namespace kestrava

@@ -5,7 +5,6 @@
 
 #include "platform/notification_area.h"
 #include "platform/window_messages.h"
-#include "shared/shared_state.h"
 
 namespace kestrava {
 
@@ -24,13 +23,14 @@ void Guarded(Step step) noexcept {
 }  // namespace
 
 modPopup::modPopup(Form& window, const MenuEntry& menu, const MenuEntry& defaultEntry,
-                   WindowMessages& messages, SharedState& state,
-                   std::function<void()> restoreWindow)
+                   WindowMessages& messages, std::int32_t& savedWindowProc,
+                   const std::string& balloonAction, std::function<void()> restoreWindow)
     : window_(window),
       menu_(menu),
       defaultEntry_(defaultEntry),
       messages_(messages),
-      state_(state),
+      savedWindowProc_(savedWindowProc),
+      balloonAction_(balloonAction),
       restoreWindow_(std::move(restoreWindow)) {}
 
 std::int32_t modPopup::Handle() const { return messages_.WindowHandle(window_); }
@@ -42,22 +42,22 @@ void modPopup::HookTrayMessages(std::int32_t hWnd) {
     const std::int32_t address = messages_.AddressOf(
         [this](std::int32_t window, std::int32_t message, std::int32_t wParam,
                std::int32_t lParam) { return TrayWindowProc(window, message, wParam, lParam); });
-    state_.SavedWindowProc = messages_.SetWindowLongA(hWnd, GWL_WNDPROC, address);
+    savedWindowProc_ = messages_.SetWindowLongA(hWnd, GWL_WNDPROC, address);
   });
 }
 
 void modPopup::UnhookTrayMessages(std::int32_t hWnd) {
-  if (state_.SavedWindowProc == 0) return;
-  messages_.SetWindowLongA(hWnd, GWL_WNDPROC, state_.SavedWindowProc);
-  state_.SavedWindowProc = 0;
+  if (savedWindowProc_ == 0) return;
+  messages_.SetWindowLongA(hWnd, GWL_WNDPROC, savedWindowProc_);
+  savedWindowProc_ = 0;
 }
 
 std::int32_t modPopup::TrayWindowProc(std::int32_t hWnd, std::int32_t uMsg, std::int32_t wParam,
                                       std::int32_t lParam) {
   if (hWnd != Handle() || uMsg != kTrayCallbackMessage) {
-    return messages_.CallWindowProcA(state_.SavedWindowProc, hWnd, uMsg, wParam, lParam);
+    return messages_.CallWindowProcA(savedWindowProc_, hWnd, uMsg, wParam, lParam);
   }
-  // The user may pick Exit in the menu: nothing of the window is touched behind it.
+  // The user may pick Exit in the menu: nothing of the window is touched after it.
   if (lParam == WM_RBUTTONUP) {
     ShowIconMenu();
   } else if (lParam == NIN_BALLOONUSERCLICK) {
@@ -72,7 +72,7 @@ void modPopup::ShowIconMenu() {
 }
 
 void modPopup::BalloonClickAction() {
-  if (state_.BalloonAction == kShowMain) restoreWindow_();
+  if (balloonAction_ == kShowMain) restoreWindow_();
 }
 
 }  // namespace kestrava

@@ -2,18 +2,18 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 
 namespace kestrava {
 
 class Form;
 class MenuEntry;
 class WindowMessages;
-struct SharedState;
 
 /// The message that the notification area sends to the window for its icon: WM_APP + 21.
 inline constexpr std::int32_t kTrayCallbackMessage = 32789;
 
-/// A click on the balloon brings the window back, where `SharedState::BalloonAction` says so.
+/// A click on the balloon brings the window back, where the balloon's action says so.
 inline constexpr const char* kShowMain = "ShowMain";
 
 /// The messages of the icon in the notification area. A window procedure of its own stands in front
@@ -21,16 +21,19 @@ inline constexpr const char* kShowMain = "ShowMain";
 class modPopup {
  public:
   /// @param menu the top menu that a right click on the icon pops up, with `defaultEntry` marked.
+  /// @param savedWindowProc gets the address of the window's own procedure, 0 for none.
+  /// @param balloonAction what a click on the balloon does: nothing, or `kShowMain`.
   /// @param restoreWindow brings the window back.
   modPopup(Form& window, const MenuEntry& menu, const MenuEntry& defaultEntry,
-           WindowMessages& messages, SharedState& state, std::function<void()> restoreWindow);
+           WindowMessages& messages, std::int32_t& savedWindowProc,
+           const std::string& balloonAction, std::function<void()> restoreWindow);
 
   /// The handles of the main window and of its icon.
   std::int32_t Handle() const;
   std::int32_t IconHandle() const;
 
   /// Puts `TrayWindowProc` in front of the window's own procedure, which goes into
-  /// `SharedState::SavedWindowProc`. Where that fails nothing is hooked.
+  /// the saved address. Where that fails nothing is hooked.
   void HookTrayMessages(std::int32_t hWnd);
   /// Puts the window's own procedure back. Does nothing where none is saved.
   void UnhookTrayMessages(std::int32_t hWnd);
@@ -45,7 +48,8 @@ class modPopup {
   const MenuEntry& menu_;
   const MenuEntry& defaultEntry_;
   WindowMessages& messages_;
-  SharedState& state_;
+  std::int32_t& savedWindowProc_;
+  const std::string& balloonAction_;
   std::function<void()> restoreWindow_;
 };
 

@@ -1,5 +1,5 @@
 // Takes any bytes for the command in the desktop file of the program that opens http pages, and for
-// what stands behind it in that file.
+// what stands after it in that file.
 #include <unistd.h>
 
 #include "fuzz/fuzz.h"

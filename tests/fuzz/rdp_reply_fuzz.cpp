@@ -9,7 +9,7 @@ using namespace kestrava;
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   auto before = ConfirmState::Incomplete;
   for (std::size_t count = 0; count <= size && count <= kLongestConfirm + 1; ++count) {
-    // Bytes in a block of their own, so that a look behind their end shows.
+    // Bytes in a block of their own, so that a look past their end shows.
     const auto judged = JudgeConfirm(std::vector(data, data + count));
     Require(before == ConfirmState::Incomplete || judged == ConfirmState::NotRdp);
     Require(judged != ConfirmState::Incomplete || count < kLongestConfirm);

@@ -40,10 +40,13 @@ ask_for_help() {
 
 see_the_window() { wait_for 20 "the window" grep -qs 'set_title("Kestrava")' "$stage_folder/errors"; }
 
+# Also without a display.
+for arguments in "-session 1_2 --unknown" "-reverse -platform=xcb x" "--style a -b"; do
+  code=0
+  "$program" $arguments || code=$?
+  ((code == 2))
+done
 start_display
-code=0
-"$program" -session 1_2 --unknown || code=$?
-((code == 2))
 stores_the_list ask_for_help
 start_compositor
 WAYLAND_DEBUG=1 stores_the_list see_the_window
