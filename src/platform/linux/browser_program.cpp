@@ -4,7 +4,6 @@
 #include <gio/gio.h>
 #include <memory>
 #include <span>
-#include <sstream>
 #include <string_view>
 
 namespace kestrava {
@@ -49,9 +48,9 @@ std::vector<std::string> FindBrowser() {
   const std::unique_ptr<GAppInfo, Release> handler(g_app_info_get_default_for_uri_scheme("http"));
   if (handler) return OfHandler(handler.get());
   if (const char* list = std::getenv("BROWSER")) {
-    std::istringstream commands(list);
-    for (std::string line; std::getline(commands, line, ':');) {
-      if (Command command = WordsOf(line.c_str()); !command.empty()) return command;
+    const std::unique_ptr<char*, Release> commands(g_strsplit(list, ":", -1));
+    for (char** line = commands.get(); *line; ++line) {
+      if (Command command = WordsOf(*line); !command.empty()) return command;
     }
   }
   return WordsOf("x-www-browser");
