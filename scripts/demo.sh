@@ -6,37 +6,15 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source scripts/stage.sh
 source scripts/hand.sh
 
-if [[ "${1-}" != --inside ]]; then
-  become_on_own_network "$PWD/scripts/demo.sh" --inside
-  echo "This machine allows no network namespaces: only what needs no other machine is shown."
-  network=false
-elif ! ip link set lo up || ! add_network_cards; then
-  echo "This machine has no virtual network cards: only what needs no other machine is shown."
-  network=false
-else
-  echo "In a network of its own: a machine that answers only Remote Desktop, and a silent one."
-  network=true
-fi
-
+take_own_network "$PWD/scripts/demo.sh" "${1-}"
 open_stage
-if [[ $network == true ]]; then
-  start_network
-  start_remote_desktop_server
-  others=("Remote Desktop,$far_address" "Silent,$silent_address")
-  expected_lamps="green red green"
-else
-  others=("No Machine,0.0.0.0")
-  expected_lamps="red green"
-fi
+start_machines
 
 output=$PWD/build/demo
 mkdir -p "$output"
 start_display
 list=$stage_folder/demo.kvl
-{
-  printf 'ZR_Kestrava_ConnectionList\r\n'
-  printf '%s,Unchecked,Enabled,Unchecked\r\n' "${others[@]}"
-} >"$list"
+list_machines >"$list"
 mkdir "$XDG_CONFIG_HOME/Kestrava"
 cat >"$XDG_CONFIG_HOME/Kestrava/Kestrava.conf" <<SETTINGS
 [Preferences]

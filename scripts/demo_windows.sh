@@ -8,25 +8,16 @@ source scripts/stage.sh
 source scripts/hand.sh
 source scripts/wine_stage.sh
 
-if [[ "${1-}" != --inside ]]; then become_on_own_network "$PWD/scripts/demo_windows.sh" --inside; fi
-if [[ "${1-}" != --inside ]] || ! ip link set lo up || ! add_network_cards; then
-  echo "This machine allows no network of the demo's own, so there is nothing to check." >&2
-  exit 1
-fi
-echo "In a network of its own: a machine that answers only Remote Desktop, and a silent one."
+take_own_network "$PWD/scripts/demo_windows.sh" "${1-}"
 open_stage
-start_network
-start_remote_desktop_server
+start_machines
 start_display
 start_wine
 
 output=$PWD/build/demo
 mkdir -p "$output"
 list=$stage_folder/demo.kvl
-{
-  printf 'ZR_Kestrava_ConnectionList\r\n'
-  printf '%s,Unchecked,Enabled,Unchecked\r\n' "Remote Desktop,$far_address" "Silent,$silent_address"
-} >"$list"
+list_machines >"$list"
 
 # As in hand.sh, but of a window with the frame that Wine has drawn around it.
 frame=3
@@ -77,7 +68,7 @@ work() {
 
   echo "Pressing \"Check Now !\"."
   click 10500 5100
-  wait_for 60 "the end of the check" lamps_are "green red green"
+  wait_for 60 "the end of the check" lamps_are "$expected_lamps"
   picture_of "$main_window" window
   echo "The lamps, from the top: $(lamps)."
 

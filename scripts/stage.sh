@@ -102,6 +102,38 @@ INI
   wait_for 10 "the Remote Desktop server" grep -qs "listening to port 3389" "$stage_folder/xrdp.log"
 }
 
+# take_own_network SCRIPT ARGUMENT: becomes the script with the argument --inside, in a network of its
+# own, unless that is the argument already. Sets `network`: whether the machine allows that.
+take_own_network() {
+  network=false
+  if [[ "$2" != --inside ]]; then
+    become_on_own_network "$1" --inside
+    echo "This machine allows no network namespaces: only what needs no other machine is shown."
+  elif ! ip link set lo up || ! add_network_cards; then
+    echo "This machine has no virtual network cards: only what needs no other machine is shown."
+  else
+    echo "In a network of its own: a machine that answers only Remote Desktop, and a silent one."
+    network=true
+  fi
+}
+
+# Starts the machines that a demo checks before this one, as far as there is a network for them.
+start_machines() {
+  if [[ $network == true ]]; then
+    start_network
+    start_remote_desktop_server
+    machines=("Remote Desktop,$far_address" "Silent,$silent_address")
+    expected_lamps="green red green"
+  else
+    machines=("No Machine,0.0.0.0")
+    expected_lamps="red green"
+  fi
+}
+list_machines() {
+  printf 'ZR_Kestrava_ConnectionList\r\n'
+  printf '%s,Unchecked,Enabled,Unchecked\r\n' "${machines[@]}"
+}
+
 # Starts a virtual display, with further options of Xvfb if any are given, and points the programs
 # that follow at it, and at nothing else of the user's desktop.
 start_display() {
