@@ -11,7 +11,7 @@ if [[ "${1-}" != --inside ]]; then
   {
     install_missing "${build_packages[@]}" "${run_packages[@]}" "${stage_packages[@]}" \
       "${bench_packages[@]}"
-    cmake --preset release -DKESTRAVA_BUILD_TESTS=OFF -DKESTRAVA_BUILD_BENCH=ON
+    cmake --preset release -DBUILD_TESTING=OFF -DKESTRAVA_BUILD_BENCH=ON
     cmake --build --preset release
   } >&2
   become_on_own_network "$PWD/bench.sh" --inside "$@"

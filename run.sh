@@ -24,9 +24,9 @@ if [[ $windows == true ]]; then
   if [[ $demo == true ]]; then packages+=("${wine_packages[@]}" "${stage_packages[@]}"); fi
   install_missing "${packages[@]}"
 
-  cmake --preset windows -DKESTRAVA_BUILD_TESTS=OFF
+  cmake --preset windows -DBUILD_TESTING=OFF
   cmake --build --preset windows --target kestrava setup
-  echo "The program is build/windows/kestrava.exe, its setup program $(echo build/windows/*-setup.exe)."
+  echo "The program is build-windows/kestrava.exe, its setup program $(echo build-windows/*-setup.exe)."
   if [[ $demo == true ]]; then exec scripts/demo_windows.sh; fi
   exit
 fi
@@ -42,7 +42,7 @@ if [[ $demo == true ]]; then
 fi
 install_missing "${packages[@]}"
 
-cmake --preset release -DKESTRAVA_BUILD_TESTS=OFF -DKESTRAVA_BUILD_BENCH=OFF
+cmake --preset release -DBUILD_TESTING=OFF -DKESTRAVA_BUILD_BENCH=OFF
 cmake --build --preset release
 if [[ $demo == true ]]; then exec scripts/demo.sh; fi
 exec build/kestrava

@@ -6,6 +6,6 @@ source scripts/packages.sh
 install_missing "${build_packages[@]}" "${run_packages[@]}" "${stage_packages[@]}" \
   "${test_packages[@]}"
 
-cmake --preset release -DKESTRAVA_BUILD_TESTS=ON -DKESTRAVA_BUILD_BENCH=OFF
-cmake --build --preset release
-exec ctest --test-dir build --output-on-failure -j2 "$@"
+cmake --preset test -DKESTRAVA_BUILD_BENCH=OFF
+cmake --build --preset test
+exec ctest --preset test -j2 "$@"

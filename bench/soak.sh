@@ -12,7 +12,7 @@ source scripts/hand.sh
 if [[ "${1-}" != --inside ]]; then
   install_missing "${build_packages[@]}" "${run_packages[@]}" "${stage_packages[@]}" \
     "${test_packages[@]}"
-  cmake --preset release -DKESTRAVA_BUILD_TESTS=OFF -DKESTRAVA_BUILD_BENCH=OFF
+  cmake --preset release -DBUILD_TESTING=OFF -DKESTRAVA_BUILD_BENCH=OFF
   cmake --build --preset release
   become_on_own_network "$PWD/bench/soak.sh" --inside "$@"
   echo "This machine allows no network namespaces, and nothing is probed outside of one." >&2

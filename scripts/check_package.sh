@@ -6,7 +6,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source scripts/packages.sh
 install_missing "${build_packages[@]}" "${package_packages[@]}"
 
-cmake --preset release -DKESTRAVA_BUILD_TESTS=OFF -DKESTRAVA_BUILD_BENCH=OFF >/dev/null
+cmake --preset release -DBUILD_TESTING=OFF -DKESTRAVA_BUILD_BENCH=OFF >/dev/null
 cmake --build --preset release
 rm -f build/kestrava_*.deb
 (cd build && cpack -G DEB)

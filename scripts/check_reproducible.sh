@@ -13,7 +13,7 @@ trap 'rm -rf "$clone"' EXIT
 git clone -q . "$clone"
 here=$PWD
 cd "$clone"
-cmake --preset release -DKESTRAVA_BUILD_TESTS=OFF >/dev/null
+cmake --preset release -DBUILD_TESTING=OFF >/dev/null
 cmake --build --preset release
 (cd build && cpack -G DEB >/dev/null)
 for file in build/kestrava build/kestrava_*.deb; do

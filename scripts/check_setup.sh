@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the program for Windows under Wine, logs in so that it starts, and uninstalls it: what is
-# the user's stays, and nothing else does. build/windows has the program already.
+# the user's stays, and nothing else does. build-windows has the program already.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source scripts/packages.sh
@@ -9,7 +9,7 @@ source scripts/wine_stage.sh
 install_missing "${windows_packages[@]}" "${wine_packages[@]}"
 
 cmake --build --preset windows --target setup
-setup=$(echo build/windows/kestrava-*-setup.exe)
+setup=$(echo build-windows/kestrava-*-setup.exe)
 
 open_stage
 unset DISPLAY WAYLAND_DISPLAY
@@ -48,7 +48,7 @@ world >"$stage_folder/before"
 echo "Installing, and logging in."
 in_wine "$setup" /S /LOGIN
 [[ -e $shortcut ]] || fail "There is no entry in the Start menu."
-cmp build/windows/kestrava.exe "$installed/kestrava.exe"
+cmp build-windows/kestrava.exe "$installed/kestrava.exe"
 diff -r web "$installed/web" --exclude make_pictures.sh
 diff -r resources/Lists "$installed/Lists"
 in_wine wineboot
@@ -58,7 +58,7 @@ in_wine reg query 'HKCU\Software\Kestrava\Preferences' /v Tray
 echo "Neither goes while the program runs."
 refused "$setup" /S
 refused "$installed/uninstall.exe" /S "_?=$(winepath --windows "$installed" 2>/dev/null)"
-cmp build/windows/kestrava.exe "$installed/kestrava.exe"
+cmp build-windows/kestrava.exe "$installed/kestrava.exe"
 in_wine wineboot --end-session --shutdown
 wait_for 30 "the end of the program" program_is_gone
 

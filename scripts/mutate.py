@@ -66,7 +66,7 @@ def is_caught(path, number, changed, tests):
     lines[number] = changed
     path.write_text("\n".join(lines), encoding="utf-8")
     try:
-        if not run("cmake", "--build", "--preset", "release"):
+        if not run("cmake", "--build", "--preset", "test"):
             return None
         return not run("ctest", "--test-dir", "build", "-j4", "--timeout", "120",
                        "--stop-on-failure", *tests)
@@ -81,8 +81,8 @@ def main():
     if shutil.which("ccache"):
         os.environ.update(CMAKE_CXX_COMPILER_LAUNCHER="ccache")
     os.environ.update(PATIENCE="30")  # seconds until the tests of the process take it for stuck
-    if not (run("cmake", "--preset", "release", "-DKESTRAVA_BUILD_TESTS=ON")
-            and run("cmake", "--build", "--preset", "release")
+    if not (run("cmake", "--preset", "test")
+            and run("cmake", "--build", "--preset", "test")
             and run("ctest", "--test-dir", "build", "-j2", *tests)):
         sys.exit(f"The tests have to pass first; see {COPY}/build/Testing/Temporary.")
     faults = list(possible_faults())

@@ -45,7 +45,7 @@ start_program() {
   local preferences='HKCU\Software\Kestrava\Preferences'
   in_wine reg add "$preferences" /v AutoLoadList /d 1 /f
   in_wine reg add "$preferences" /v LastListFile /d "$(wine_name "$1")" /f
-  in_wine explorer /desktop=kestrava,1280x1024 build/windows/kestrava.exe &
+  in_wine explorer /desktop=kestrava,1280x1024 build-windows/kestrava.exe &
   take_window Kestrava
   main_window=$window
 }
