@@ -28,7 +28,8 @@ TEST(GridView, MirrorsRowsThatComeAndGo) {
     desktop.Settle();
     ASSERT_EQ(model->rowCount(), std::ssize(names));
     for (int row = 0; row < model->rowCount(); ++row) {
-      ASSERT_EQ(model->index(row, 0).data().toString().toStdString(), names[row]);
+      ASSERT_EQ(model->index(row, 0).data().toString().toStdString(),
+                names.at(static_cast<std::size_t>(row)));
     }
   }
 }
