@@ -5,6 +5,7 @@
 #include <optional>
 #include <type_traits>
 #include <utility>
+#include <variant>
 
 #include "platform/error_report.h"
 
@@ -55,17 +56,24 @@ class TaskPromise {
 /// the stack of what it waited for. A task that is awaited gives its result, or throws its error,
 /// to whoever awaits it.
 ///
+/// A task can be made of its result, too, where nothing is to be waited for.
+///
 /// Whoever holds the task holds the work. A task that goes while its work waits ends that work
 /// there: what the work holds is released, in the usual order, the tasks that it awaits among it,
 /// and nothing of it runs any more. A task must not go from within a step of its own work.
 template <typename Result = void>
 class [[nodiscard]] Task {
+  using Value = std::conditional_t<std::is_void_v<Result>, std::monostate, Result>;
+
  public:
   class promise_type;
 
   /// No work.
   Task() = default;
-  Task(Task&& other) noexcept : work_(std::exchange(other.work_, nullptr)) {}
+  /// Work that is done.
+  Task(Value result) requires(!std::is_void_v<Result>) : result_(std::move(result)) {}
+  Task(Task&& other) noexcept
+      : work_(std::exchange(other.work_, nullptr)), result_(std::move(other.result_)) {}
   Task& operator=(Task&& other) noexcept {
     Task(std::move(other)).Swap(*this);
     return *this;
@@ -85,7 +93,7 @@ class [[nodiscard]] Task {
   bool UnderWay() const { return work_ && !work_.done(); }
 
   // Awaiting, once.
-  bool await_ready() const noexcept { return false; }
+  bool await_ready() const noexcept { return result_.has_value(); }
   /// @return whether the work has to wait; else it is done, on no more stack than a call takes.
   bool await_suspend(std::coroutine_handle<> caller) {
     work_.resume();
@@ -93,15 +101,24 @@ class [[nodiscard]] Task {
     static_cast<TaskPromise&>(work_.promise()).caller_ = caller;
     return true;
   }
-  Result await_resume() { return work_.promise().Take(); }
+  [[nodiscard]] Result await_resume() {
+    if constexpr (!std::is_void_v<Result>) {
+      if (result_) return std::move(*result_);
+    }
+    return work_.promise().Take();
+  }
 
  private:
   using Work = std::coroutine_handle<promise_type>;
 
   explicit Task(Work work) : work_(work) {}
-  void Swap(Task& other) noexcept { std::swap(work_, other.work_); }
+  void Swap(Task& other) noexcept {
+    std::swap(work_, other.work_);
+    std::swap(result_, other.result_);
+  }
 
   Work work_;
+  std::optional<Value> result_;  ///< where there is no work
 };
 
 template <typename Result>

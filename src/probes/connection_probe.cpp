@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string_view>
+#include <tuple>
 
 #include "platform/event_loop.h"
 #include "platform/icmp.h"
@@ -84,7 +85,8 @@ Task<std::string> ConnectionProbe::CheckServerConnection(const std::string& conn
   RemoteDesktopStage stage(rdp_, eventLoop_, connAddress, result);
   try {
     EchoReply reply{};
-    co_await ping_.SendEchoRequest(connAddress, reply);
+    // Its result says less than the reply.
+    std::ignore = co_await ping_.SendEchoRequest(connAddress, reply);
     if (reply.DataSize >= kLowestDataSize) co_return std::to_string(reply.DataSize);
     if (reply.RoundTripTime < kNoReplyRoundTripTime) co_return std::to_string(reply.RoundTripTime);
     result = BareStatusText(EchoStatusText(reply.Status));

@@ -3,6 +3,7 @@
 #include <array>
 #include <limits>
 #include <string_view>
+#include <tuple>
 
 #include "general/conversion.h"
 #include "platform/icmp.h"
@@ -50,13 +51,14 @@ std::int32_t DottedAddressToLong(const std::string& address) {
 
 Task<std::int32_t> modPing::SendEchoRequest(const std::string& connAddress, EchoReply& reply) {
   const std::int32_t address = DottedAddressToLong(connAddress);
-  co_await socketLayer_.OpenSocketLayer();
+  // The echo goes out, and the layer is closed, whatever the layer says: the user has been told.
+  std::ignore = co_await socketLayer_.OpenSocketLayer();
   const IcmpHandle handle = icmp_.IcmpCreateFile();
   const std::uint32_t replies = co_await icmp_.IcmpSendEcho(
       handle, address, kPayload, nullptr, reply, sizeof(EchoReply), kTimeoutMilliseconds);
   const std::int32_t result = replies != 0 ? reply.RoundTripTime : Negated(reply.Status);
   icmp_.IcmpCloseHandle(handle);
-  co_await socketLayer_.CloseSocketLayer();
+  std::ignore = co_await socketLayer_.CloseSocketLayer();
   co_return result;
 }
 

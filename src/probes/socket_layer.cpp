@@ -23,39 +23,36 @@ int WordLowByte(std::int16_t word) { return word & 0xFF; }
 Task<bool> SocketLayer::OpenSocketLayer() {
   WSADATA data{};
   if (sockets_.WSAStartup(kVersion, data) != 0) {
-    co_await AwaitedMsgBox(
-        messageBoxes_,
+    return Complain(
         "Windows Sockets for 32 bit Windows environments is not successfully responding.",
         MessageIcon::None);
-    co_return false;
   }
   const auto version = static_cast<std::int16_t>(data.wVersion);
   const int major = WordLowByte(version);
   const int minor = WordHighByte(version);
   if (major < kLowestMajor || (major == kLowestMajor && minor < kLowestMinor)) {
-    co_await AwaitedMsgBox(
-        messageBoxes_,
-        "Windows Sockets Version " + std::to_string(major) + "." + std::to_string(minor) +
-            " is not supported by Windows Sockets for 32 bit Windows environments.",
-        MessageIcon::Exclamation);
-    co_return false;
+    return Complain("Windows Sockets Version " + std::to_string(major) + "." +
+                        std::to_string(minor) +
+                        " is not supported by Windows Sockets for 32 bit Windows environments.",
+                    MessageIcon::Exclamation);
   }
   if (data.iMaxSockets < kFewestSockets) {
-    co_await AwaitedMsgBox(messageBoxes_,
-                           "This application requires a minimum of " +
-                               std::to_string(kFewestSockets) + " supported sockets.",
-                           MessageIcon::Exclamation);
-    co_return false;
+    return Complain("This application requires a minimum of " + std::to_string(kFewestSockets) +
+                        " supported sockets.",
+                    MessageIcon::Exclamation);
   }
-  co_return true;
+  return true;
 }
 
 Task<bool> SocketLayer::CloseSocketLayer() {
   const int result = sockets_.WSACleanup();
-  if (result == 0) co_return true;
-  co_await AwaitedMsgBox(
-      messageBoxes_, "Windows Sockets error " + std::to_string(result) + " occurred in Cleanup.",
-      MessageIcon::Exclamation);
+  if (result == 0) return true;
+  return Complain("Windows Sockets error " + std::to_string(result) + " occurred in Cleanup.",
+                  MessageIcon::Exclamation);
+}
+
+Task<bool> SocketLayer::Complain(std::string text, MessageIcon icon) {
+  co_await AwaitedMsgBox(messageBoxes_, text, icon);
   co_return false;
 }
 

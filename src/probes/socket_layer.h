@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "platform/task.h"
 
 namespace kestrava {
 
+enum class MessageIcon;
 class MessageBoxes;
 class WindowsSockets;
 
@@ -28,6 +30,8 @@ class SocketLayer {
   Task<bool> CloseSocketLayer();
 
  private:
+  Task<bool> Complain(std::string text, MessageIcon icon);
+
   WindowsSockets& sockets_;
   MessageBoxes& messageBoxes_;
 };

@@ -70,13 +70,20 @@ std::optional<EchoSocket> EchoSocket::Open(EchoSocketKind kind) {
 Task<EchoOutcome> EchoSocket::Exchange(EchoRequest request, Deadline deadline,
                                        DescriptorWaits& waits) const {
   if (kind_ == EchoSocketKind::Datagram) request.identifier.reset();
-  if (const int error = Send(request)) co_return EchoOutcome{StatusOfSendError(error)};
-  for (bool inTime = true;;) {
+  if (const int error = Send(request)) return EchoOutcome{StatusOfSendError(error)};
+  // This machine's own addresses have answered by now.
+  if (const auto outcome = TakeOutcome(request)) return *outcome;
+  return AwaitOutcome(request, deadline, waits);
+}
+
+Task<EchoOutcome> EchoSocket::AwaitOutcome(EchoRequest request, Deadline deadline,
+                                           DescriptorWaits& waits) const {
+  for (bool inTime = true; inTime;) {
+    inTime = co_await waits.Readable(socket_.Number(), deadline);
     // Also when time is up: the program may have been kept from looking until now.
     if (const auto outcome = TakeOutcome(request)) co_return *outcome;
-    if (!inTime) co_return EchoOutcome{kEchoTimedOut};
-    inTime = co_await waits.Readable(socket_.Number(), deadline);
   }
+  co_return EchoOutcome{kEchoTimedOut};
 }
 
 /// Reads what waits, up to what tells how `request` ended.

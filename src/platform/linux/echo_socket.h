@@ -33,6 +33,8 @@ class EchoSocket {
       : socket_(std::move(socket)), kind_(kind) {}
 
   int Send(const EchoRequest& request) const;
+  Task<EchoOutcome> AwaitOutcome(EchoRequest request, Deadline deadline,
+                                 DescriptorWaits& waits) const;
   std::optional<EchoOutcome> TakeOutcome(const EchoRequest& request) const;
   std::optional<EchoOutcome> Match(const EchoRequest& request, std::uint32_t sender,
                                    std::span<const std::uint8_t> packet) const;

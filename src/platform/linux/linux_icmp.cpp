@@ -15,8 +15,6 @@ namespace {
 constexpr IcmpHandle kNoHandle = 0;
 constexpr std::int32_t kNoRoundTrip = 10000;
 
-Task<EchoOutcome> Ended(EchoStatus status) { co_return EchoOutcome{status}; }
-
 /// The kind of socket is allowed, but there is none left to be had.
 bool IsShortage(int error) {
   return error == EMFILE || error == ENFILE || error == ENOMEM || error == ENOBUFS;
@@ -58,7 +56,7 @@ Task<std::uint32_t> LinuxIcmp::IcmpSendEcho(IcmpHandle handle, std::int32_t addr
   if (!options && data.size() <= sizeof reply.Data && replySize >= sizeof reply) {
     const EchoRequest request{std::bit_cast<std::uint32_t>(address), identifier_, ++sequence_,
                               data};
-    outcome = co_await Send(handle, request, std::chrono::milliseconds(timeoutMilliseconds));
+    outcome = co_await Send(handle, request, start, std::chrono::milliseconds(timeoutMilliseconds));
   }
   reply.Status = outcome.status;
   if (outcome.status != kEchoSuccess) {
@@ -77,14 +75,15 @@ Task<std::uint32_t> LinuxIcmp::IcmpSendEcho(IcmpHandle handle, std::int32_t addr
 }
 
 Task<EchoOutcome> LinuxIcmp::Send(IcmpHandle handle, EchoRequest request,
+                                  std::chrono::steady_clock::time_point start,
                                   std::chrono::milliseconds timeout) {
-  if (!IsMachineAddress(request.address)) return Ended(kEchoBadDestination);
+  if (!IsMachineAddress(request.address)) return EchoOutcome{kEchoBadDestination};
   const auto found = std::ranges::find(open_, handle, &Open::handle);
-  if (found == open_.end()) return Ended(kEchoNoResources);
+  if (found == open_.end()) return EchoOutcome{kEchoNoResources};
   if (found->socket) {
-    return found->socket->Exchange(request, std::chrono::steady_clock::now() + timeout, waits_);
+    return found->socket->Exchange(request, start + timeout, waits_);
   }
-  if (request.payload.size() > kLongestPingPayload) return Ended(kEchoGeneralFailure);
+  if (request.payload.size() > kLongestPingPayload) return EchoOutcome{kEchoGeneralFailure};
   return SendEchoByPing(request, timeout, waits_);
 }
 

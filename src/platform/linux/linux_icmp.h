@@ -28,7 +28,9 @@ class LinuxIcmp final : public IcmpService {
   bool IcmpCloseHandle(IcmpHandle handle) override;
 
  private:
-  Task<EchoOutcome> Send(IcmpHandle handle, EchoRequest request, std::chrono::milliseconds timeout);
+  Task<EchoOutcome> Send(IcmpHandle handle, EchoRequest request,
+                         std::chrono::steady_clock::time_point start,
+                         std::chrono::milliseconds timeout);
 
   DescriptorWaits& waits_;
   struct Open {
