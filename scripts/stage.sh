@@ -138,7 +138,7 @@ list_machines() {
 # that follow at it, and at nothing else of the user's desktop.
 start_display() {
   mkfifo "$stage_folder/display"
-  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp -noreset "$@" \
+  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp -noreset -r "$@" \
     3>"$stage_folder/display" >/dev/null 2>"$stage_folder/Xvfb.log" &
   stage_processes+=($!)
   local number

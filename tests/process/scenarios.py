@@ -129,7 +129,8 @@ SCENARIOS = {
   click_window 3 tray           | up tray menu
   keys Down Return              | at main; up main tray
   keys alt+f                    | same all
-  keys Escape; keys alt+c Up Return | at preferences
+  keys Escape                   | up main tray
+  keys alt+c Up Return          | at preferences
   click_window 3 tray           | up main preferences tray menu
   unembed                       | up main preferences menu icon; painted icon
   keys Escape                   | up main preferences icon

@@ -31,7 +31,7 @@ struct Screen {
     application.emplace(argc, argv);
   }
 
-  Program server{"Xvfb", {"-displayfd", "1", "-nolisten", "tcp"}};
+  Program server{"Xvfb", {"-displayfd", "1", "-nolisten", "tcp", "-r"}};
   int argc = 1;
   char name[5] = "test";
   char* argv[2] = {name, nullptr};
