@@ -150,7 +150,6 @@ int main(int argc, char* argv[]) {
   ShowManualWithoutWebSite(desktop);
   frmMain mainWindow(desktop.Services());
   const DisplayLoss displayLoss([&mainWindow] { mainWindow.StoreLastListFile(); });
-  desktop.NotificationArea().ExportMenu(mainWindow, mainWindow.mnufile, mainWindow.mnuFileRestore);
   unloadMainWindow = [&] { desktop.Windows().Unload(mainWindow); };
   desktop.Watch(terminationSignals);
   for (const auto request :

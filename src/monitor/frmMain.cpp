@@ -84,7 +84,6 @@ void frmMain::Form_Unload() {
   check_ = {};
   StoreLastListFile();
   icon_.TrayIconRemove();
-  popup_.UnhookTrayMessages(popup_.Handle());
 }
 
 void frmMain::cmdAdd_Click() {

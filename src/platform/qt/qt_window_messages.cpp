@@ -82,12 +82,17 @@ void QtWindowMessages::PopupMenu(Form& form, const MenuEntry& menu, const MenuEn
   }
   do {
     popupAskedAgain_ = false;
-    const std::unique_ptr<QMenu> popup = MakeMenu(form, menu, defaultEntry);
+    const std::unique_ptr<QMenu> popup = MakeMenu({&form, &menu, &defaultEntry});
     if (!popup || eventLoop_.HasEnded()) return;
     QObject::connect(&eventLoop_, &QtEventLoop::Ended, popup.get(), &QWidget::close);
     popup_ = popup.get();
     popup->exec(PopupPlace());
   } while (popupAskedAgain_);
+}
+
+void QtWindowMessages::SetIconMenu(Form& form, const MenuEntry& menu,
+                                   const MenuEntry& defaultEntry) {
+  iconMenu_ = {&form, &menu, &defaultEntry};
 }
 
 void QtWindowMessages::Post(std::int32_t hWnd, std::int32_t uMsg, std::int32_t wParam,
@@ -110,19 +115,23 @@ QIcon QtWindowMessages::IconOf(std::int32_t hIcon) const {
   return window ? window->windowIcon() : QIcon();
 }
 
-std::unique_ptr<QMenu> QtWindowMessages::MakeMenu(Form& form, const MenuEntry& menu,
-                                                  const MenuEntry& defaultEntry) {
-  const QWidget* window = windows_.WidgetOf(form);
-  const QMenu* source = window ? FindMenu(*window, menu.Spec().name) : nullptr;
+std::unique_ptr<QMenu> QtWindowMessages::MakeIconMenu() const {
+  return iconMenu_.form ? MakeMenu(iconMenu_) : nullptr;
+}
+
+std::unique_ptr<QMenu> QtWindowMessages::MakeMenu(const Popup& popup) const {
+  const char* name = popup.menu->Spec().name;
+  const QWidget* window = windows_.WidgetOf(*popup.form);
+  const QMenu* source = window ? FindMenu(*window, name) : nullptr;
   if (!source) return nullptr;
-  auto popup = std::make_unique<QMenu>();
-  popup->setObjectName(menu.Spec().name);
+  auto menu = std::make_unique<QMenu>();
+  menu->setObjectName(name);
   for (QAction* action : source->actions()) {
     // The same actions as in the window's menu bar: they follow their entries.
-    popup->addAction(action);
-    if (action->objectName() == defaultEntry.Spec().name) popup->setDefaultAction(action);
+    menu->addAction(action);
+    if (action->objectName() == popup.defaultEntry->Spec().name) menu->setDefaultAction(action);
   }
-  return popup;
+  return menu;
 }
 
 }  // namespace kestrava

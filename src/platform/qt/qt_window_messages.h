@@ -31,6 +31,7 @@ class QtWindowMessages final : public WindowMessages {
   /// While another popup is open, that one is opened afresh instead: what the user asks for twice
   /// doesn't answer, for want of the pointer, say.
   void PopupMenu(Form& form, const MenuEntry& menu, const MenuEntry& defaultEntry) override;
+  void SetIconMenu(Form& form, const MenuEntry& menu, const MenuEntry& defaultEntry) override;
 
   /// Sends the message to the window's own procedure in a later turn of the event loop; a window
   /// that has gone by then gets nothing.
@@ -40,14 +41,25 @@ class QtWindowMessages final : public WindowMessages {
   QWidget* WindowOf(std::int32_t hWnd) const;
   QIcon IconOf(std::int32_t hIcon) const;
 
-  /// The menu that `PopupMenu` shows, or nullptr where the form has no such menu on the screen.
-  std::unique_ptr<QMenu> MakeMenu(Form& form, const MenuEntry& menu, const MenuEntry& defaultEntry);
+  /// The menu of `SetIconMenu`, or nullptr where there is none, or its form isn't loaded.
+  std::unique_ptr<QMenu> MakeIconMenu() const;
 
  private:
+  /// A menu of a form, and the entry that is marked as its default.
+  struct Popup {
+    const Form* form = nullptr;
+    const MenuEntry* menu = nullptr;
+    const MenuEntry* defaultEntry = nullptr;
+  };
+
+  /// The menu as a widget, or nullptr where its form isn't loaded.
+  std::unique_ptr<QMenu> MakeMenu(const Popup& popup) const;
+
   QtWindowSystem& windows_;
   ModalWaits& waits_;
   QtEventLoop& eventLoop_;
   QObject receiver_;  ///< messages that are under way go with it
+  Popup iconMenu_;
   QPointer<QMenu> popup_;
   bool popupAskedAgain_ = false;
   /// A form keeps its number for good. A handle is the place in this list, from 1.

@@ -24,13 +24,6 @@ bool KnownSize(std::int32_t size) {
 
 }  // namespace
 
-void LinuxNotificationArea::ExportMenu(Form& form, const MenuEntry& menu,
-                                       const MenuEntry& defaultEntry) {
-  makeMenu_ = [this, &form, &menu, &defaultEntry] {
-    return messages_.MakeMenu(form, menu, defaultEntry);
-  };
-}
-
 std::int32_t LinuxNotificationArea::Shell_NotifyIconA(std::int32_t message,
                                                       const NOTIFYICONDATA& record) {
   if (!KnownSize(record.cbSize)) return 0;
@@ -58,7 +51,8 @@ std::int32_t LinuxNotificationArea::Shell_NotifyIconA(std::int32_t message,
 }
 
 void LinuxNotificationArea::Add(const NOTIFYICONDATA& record, const QWidget& owner) {
-  icon_ = std::make_unique<Icon>(record, makeMenu_, owner);
+  const auto makeMenu = [this] { return messages_.MakeIconMenu(); };
+  icon_ = std::make_unique<Icon>(record, makeMenu, owner);
   QObject::connect(&icon_->shown, &TrayIcon::ContextRequested, &icon_->shown,
                    [this] { Tell(WM_RBUTTONUP); });
   QObject::connect(&icon_->balloon, &Balloon::Clicked, &icon_->balloon,
