@@ -111,8 +111,8 @@ class MSFlexGrid : public Control {
   std::size_t TextSizeAt(std::int32_t row) const { return RowAt(row).TextSize(); }
   Color BackColorAt(std::int32_t row, std::int32_t col) const;
 
-  /// Sets the one view; nullptr takes it away.
-  void SetObserver(GridObserver* observer) { gridObserver_ = observer; }
+  /// Tells the one view of what changes in the cells.
+  Observation<GridObserver*> ObserveCells(GridObserver& view) { return {gridObserver_, &view}; }
 
  private:
   static void CheckIndex(std::int32_t index, std::int32_t count) {

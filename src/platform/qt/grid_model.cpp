@@ -41,9 +41,8 @@ GridModel::GridModel(MSFlexGrid& grid)
       rows_(grid.Rows() - 1),
       columns_(grid.Cols() - 1),
       firstChanged_(kNothingFirst),
-      lastChanged_(kNothingLast) {
-  grid.SetObserver(this);
-}
+      lastChanged_(kNothingLast),
+      observation_(grid.ObserveCells(*this)) {}
 
 void GridModel::CatchUp() {
   frame_.stop();
@@ -67,8 +66,7 @@ void GridModel::CatchUp() {
 }
 
 void GridModel::Detach() {
-  if (!grid_) return;
-  grid_->SetObserver(nullptr);
+  observation_ = {};
   grid_ = nullptr;
   frame_.stop();
 }

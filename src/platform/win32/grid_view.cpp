@@ -26,15 +26,13 @@ GridView::GridView(MSFlexGrid& grid, HWND window, int id)
       firstChanged_(kNothingFirst),
       lastChanged_(kNothingLast) {
   SetWindowTextW(Handle(), kName);
-  grid.SetObserver(this);
+  observation_ = grid.ObserveCells(*this);
   ShapeChanged();
 }
 
-GridView::~GridView() { GridView::Leave(); }
-
-void GridView::Leave() {
-  if (auto* grid = As<MSFlexGrid>()) grid->SetObserver(nullptr);
-  ListView::Leave();
+void GridView::Detach() {
+  observation_ = {};
+  ListView::Detach();
 }
 
 void GridView::SetScale(const TwipScale& scale, unsigned dotsPerInch, const UiFont& font) {

@@ -19,9 +19,8 @@ namespace kestrava {
 class GridView final : public ListView, private GridObserver {
  public:
   GridView(MSFlexGrid& grid, HWND window, int id);
-  ~GridView() override;
 
-  void Leave() override;
+  void Detach() override;
   void SetScale(const TwipScale& scale, unsigned dotsPerInch, const UiFont& font) override;
   bool HasRoom(const TwipScale& scale) const override;
 
@@ -64,6 +63,7 @@ class GridView final : public ListView, private GridObserver {
   bool shapeChanged_ = false;
   std::int32_t firstChanged_;
   std::int32_t lastChanged_;
+  Observation<GridObserver*> observation_;
 };
 
 }  // namespace kestrava

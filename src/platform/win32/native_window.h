@@ -81,6 +81,7 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
   void TakeWindowState();
 
   Form* form_;
+  Observation<> observation_;
   Observer observer_;
   HWND handle_;
   UiFont font_;
