@@ -103,7 +103,7 @@ void frmMain::cmdRemove_Click() {
 }
 
 void frmMain::grdServers_DblClick() {
-  EditCurrentCell(grdServers, platform_.promptBoxes, platform_.messageBoxes);
+  EditUserCell(grdServers, platform_.promptBoxes, platform_.messageBoxes);
 }
 
 void frmMain::tmrCheck_Timer() {

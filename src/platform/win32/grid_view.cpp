@@ -81,9 +81,7 @@ LRESULT GridView::TakeOther(NMHDR& note) {
     case NM_CUSTOMDRAW:
       return Draw(reinterpret_cast<NMLVCUSTOMDRAW&>(note));
     case LVN_COLUMNCLICK:
-      Deselect();
-      chosenRow_.reset();
-      TakeCursor(0, reinterpret_cast<const NMLISTVIEW&>(note).iSubItem);
+      ChooseHeading(0, reinterpret_cast<const NMLISTVIEW&>(note).iSubItem);
       break;
     default:
       break;
@@ -126,7 +124,7 @@ void GridView::CatchUpRows() {
   const std::int32_t before = std::exchange(rows_, rows);
   if (rows == before) return;
   SetCount(rows - 1);
-  FollowChosenRow();
+  FollowUserCell();
   InvalidateRect(Handle(), nullptr, FALSE);
   if (rows == before + 1) Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(rows - 2), FALSE);
 }
@@ -140,16 +138,15 @@ bool GridView::HasRoom(const TwipScale& scale) const {
   return !grid || GridColumns::HaveRoom(*grid, scale, Font());
 }
 
-void GridView::FollowChosenRow() {
-  const auto* grid = As<MSFlexGrid>();
-  if (!chosenRow_) return;
-  const auto row = grid->RowOf(*chosenRow_);
-  if (!row) {
-    chosenRow_.reset();
+void GridView::FollowUserCell() {
+  if (!hasUserCell_) return;
+  const auto cell = As<MSFlexGrid>()->UserCell();
+  if (!cell) {
+    hasUserCell_ = false;
     return Deselect();
   }
   // The rows on the screen stay where they are.
-  if (*row != FocusedItem() + 1) FocusItem(*row - 1);
+  if (cell->row != FocusedItem() + 1) FocusItem(cell->row - 1);
 }
 
 std::wstring GridView::CellText(std::int32_t row, std::int32_t col) const {
@@ -218,10 +215,7 @@ void GridView::TakePress(POINT position) {
   if (!hit) return;
   if (hit->iSubItem == 0) {
     FocusItem(hit->iItem);
-    Deselect();
-    chosenRow_.reset();
-    TakeCursor(hit->iItem + 1, 0);
-    return;
+    return ChooseHeading(hit->iItem + 1, 0);
   }
   column_ = hit->iSubItem;
   FocusItem(hit->iItem);
@@ -255,17 +249,16 @@ void GridView::ShowCell(int item) {
 }
 
 bool GridView::Choose(int item) {
-  if (!TakeCursor(item + 1, column_)) return false;
-  chosenRow_ = As<MSFlexGrid>()->Bookmark(item + 1);
+  auto* grid = As<MSFlexGrid>();
+  if (!grid || !grid->ChooseCell(item + 1, column_)) return false;
+  hasUserCell_ = true;
   return true;
 }
 
-bool GridView::TakeCursor(std::int32_t row, std::int32_t col) {
-  auto* grid = As<MSFlexGrid>();
-  if (!grid || row >= grid->Rows() || col >= grid->Cols()) return false;
-  grid->SetRow(row);
-  grid->SetCol(col);
-  return true;
+void GridView::ChooseHeading(std::int32_t row, std::int32_t col) {
+  Deselect();
+  hasUserCell_ = false;
+  if (auto* grid = As<MSFlexGrid>()) grid->ChooseCell(row, col);
 }
 
 void GridView::RaiseDoubleClick() {
