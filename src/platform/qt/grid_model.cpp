@@ -16,17 +16,6 @@ constexpr int kFrameMilliseconds = 16;
 constexpr std::int32_t kNothingFirst = std::numeric_limits<std::int32_t>::max();
 constexpr std::int32_t kNothingLast = -1;
 
-QString LampMeaning(Color color) {
-  switch (color) {
-    case kGreen:
-      return QStringLiteral("Online");
-    case kRed:
-      return QStringLiteral("Offline");
-    default:
-      return QStringLiteral("Unchecked");
-  }
-}
-
 QVariant LampData(Color color, int role) {
   if (role == Qt::AccessibleTextRole || role == Qt::ToolTipRole) return LampMeaning(color);
   if (role != Qt::DecorationRole || color == kNoColor) return {};

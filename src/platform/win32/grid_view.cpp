@@ -152,8 +152,8 @@ void GridView::FollowUserCell() {
 std::wstring GridView::CellText(std::int32_t row, std::int32_t col) const {
   const auto* grid = As<MSFlexGrid>();
   if (!grid || row >= grid->Rows() || col >= grid->Cols()) return {};
-  return col == 0 ? LampMeaning(grid->BackColorAt(row, 0))
-                  : ToShownLine(grid->TextViewAt(row, col));
+  return ToShownLine(col == 0 ? LampMeaning(grid->BackColorAt(row, 0))
+                              : grid->TextViewAt(row, col));
 }
 
 LRESULT GridView::Draw(NMLVCUSTOMDRAW& drawing) const {
