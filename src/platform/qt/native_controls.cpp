@@ -4,11 +4,12 @@
 #include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <limits>
 
 #include "platform/flex_grid.h"
 #include "platform/qt/check_box_look.h"
-#include "platform/qt/check_list_view.h"
+#include "platform/qt/check_list_model.h"
 #include "platform/qt/grid_view.h"
 #include "platform/qt/native_labels.h"
 #include "platform/qt/text.h"
@@ -66,10 +67,13 @@ QWidget* MakePicture(Control& picture, Link& link, QWidget* parent) {
 }
 
 QWidget* MakeCheckList(CheckList& list, Link& link, QWidget* parent) {
-  auto* widget = new CheckListView(list, parent);
-  CheckListModel& model = widget->Model();
-  QObject::connect(link.Context(), &QObject::destroyed, &model, &CheckListModel::Detach);
-  Mirror(list, link, widget, [&model] { model.NoteChange(); });
+  auto* widget = new QListView(parent);
+  auto* model = new CheckListModel(list, widget);
+  widget->setModel(model);
+  widget->setItemDelegate(new CheckEntryDelegate(widget));
+  widget->setUniformItemSizes(true);
+  QObject::connect(link.Context(), &QObject::destroyed, model, &CheckListModel::Detach);
+  Mirror(list, link, widget, [model] { model->NoteChange(); });
   return widget;
 }
 
