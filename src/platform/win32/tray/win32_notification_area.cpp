@@ -66,7 +66,7 @@ Win32NotificationArea::~Win32NotificationArea() {
 
 std::int32_t Win32NotificationArea::Shell_NotifyIconA(std::int32_t message,
                                                       const NOTIFYICONDATA& record) {
-  if (!KnownIconRecord(record)) return 0;
+  if (!HasKnownSize(record)) return 0;
   if (message == NIM_ADD) {
     if (icon_ || !messages_.WindowOf(record.hWnd)) return 0;
     icon_ = record;
