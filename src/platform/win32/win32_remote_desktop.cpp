@@ -22,11 +22,14 @@ constexpr unsigned kLastMessage = 0xBFFF;
 
 Win32RemoteDesktop::Win32RemoteDesktop(Win32EventLoop& eventLoop)
     : eventLoop_(eventLoop),
-      window_([this](unsigned message, std::uintptr_t, std::intptr_t lParam) {
-        const bool rests = eventLoop_.Rests();
-        TakeMessage(message, lParam);
-        if (rests) eventLoop_.EndRest();
-      }),
+      window_(MessageWindow::Kind::MessagesOnly,
+              [this](unsigned message, std::uintptr_t, std::intptr_t lParam) {
+                if (message != WM_TIMER && message < kFirstMessage) return false;
+                const bool rests = eventLoop_.Rests();
+                TakeMessage(message, lParam);
+                if (rests) eventLoop_.EndRest();
+                return true;
+              }),
       socketMessage_(kFirstMessage),
       socket_(INVALID_SOCKET) {
   ::WSADATA data{};
