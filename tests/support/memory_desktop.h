@@ -6,7 +6,6 @@
 #include "editing/frmRemoveconn.h"
 #include "monitor/frmMain.h"
 #include "support/memory_network.h"
-#include "support/memory_shell.h"
 #include "support/memory_system.h"
 
 namespace kestrava::test {
