@@ -8,6 +8,7 @@
 #include <sys/eventfd.h>
 #include <system_error>
 #include <thread>
+#include <tuple>
 
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/system_error.h"
@@ -52,7 +53,8 @@ LinuxFileWorker::~LinuxFileWorker() {
 Task<> LinuxFileWorker::Run(std::string name, AtEnd atEnd, Job job) {
   const auto errand = Send(std::move(name), atEnd, std::move(job));
   if (!errand->WaitUntil(steady_clock::now() + patience_.moment)) {
-    co_await waits_.Readable(errand->bell.Number(), errand->deadline);
+    // Whether it is done is asked below in either case.
+    std::ignore = co_await waits_.Readable(errand->bell.Number(), errand->deadline);
   }
   if (!errand->done) RaiseSystemError(ETIMEDOUT);
   if (errand->error) std::rethrow_exception(errand->error);
