@@ -20,12 +20,6 @@
 
 namespace kestrava {
 
-namespace {
-
-constexpr int kBalloonMilliseconds = 5000;
-
-}  // namespace
-
 frmMain::frmMain(const Platform& platform)
     : Form(kMainWindowSpec),
       platform_(platform),
@@ -120,7 +114,7 @@ void frmMain::tmrCheck_Timer() {
 void frmMain::tmrBalloon_Timer() {
   icon_.TrayBalloonHide(popup_.Handle());
   tmrBalloon.SetEnabled(false);
-  tmrBalloon.SetInterval(kBalloonMilliseconds);
+  tmrBalloon.SetInterval(tmrBalloon.Spec().interval);
 }
 
 void frmMain::mnuFileNew_Click() { lists_.NewList(); }

@@ -28,13 +28,13 @@ class LinuxFileWorker final : public FileWorker {
   Task<> Run(std::string name, AtEnd atEnd, Job job) override;
 
  private:
-  struct Errand;
+  struct RunningJob;
 
-  std::shared_ptr<Errand> Send(std::string name, AtEnd atEnd, Job job);
+  std::shared_ptr<RunningJob> Send(std::string name, AtEnd atEnd, Job job);
 
   DescriptorWaits& waits_;
   const Patience patience_;
-  std::vector<std::shared_ptr<Errand>> underWay_;  ///< and some that are done
+  std::vector<std::shared_ptr<RunningJob>> underWay_;  ///< and some that are done
 };
 
 }  // namespace kestrava

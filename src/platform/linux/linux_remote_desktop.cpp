@@ -53,19 +53,19 @@ void LinuxRemoteDesktop::Dispatch() noexcept {
   std::array<epoll_event, 2> waiting;
   const int count =
       epoll_wait(events_.Number(), waiting.data(), static_cast<int>(waiting.size()), 0);
-  const State before = Present();
+  const State before = CurrentState();
   bool timeIsUp = false;
   for (int index = 0; index < count; ++index) {
     if (waiting[static_cast<std::size_t>(index)].data.fd == timer_.Number()) {
       timeIsUp = true;
-    } else if (Present() == State::Connecting) {
+    } else if (CurrentState() == State::Connecting) {
       Negotiate();
-    } else if (Present() == State::Negotiating) {
+    } else if (CurrentState() == State::Negotiating) {
       ReadConfirm();
     }
   }
   // What has just come counts, even if the program was kept from looking until time was up.
-  if (timeIsUp && Present() == before && UnderWay()) End(State::Idle);
+  if (timeIsUp && CurrentState() == before && UnderWay()) End(State::Idle);
 }
 
 void LinuxRemoteDesktop::Negotiate() {

@@ -42,7 +42,7 @@ class RemoteDesktopAttempts : public MsRdpClient2 {
     Dropped,  ///< by the peer ahead of its confirm, and `Connected` hasn't told it yet
   };
 
-  State Present() const { return state_; }
+  State CurrentState() const { return state_; }
   bool IsUnderWay() const { return state_ == State::Connecting || state_ == State::Negotiating; }
 
   /// The TCP connection stands, and the request has been sent.

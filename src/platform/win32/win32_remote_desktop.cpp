@@ -66,9 +66,9 @@ bool Win32RemoteDesktop::StartConnecting(std::uint32_t address) {
 void Win32RemoteDesktop::TakeMessage(unsigned message, std::intptr_t lParam) {
   if (message == WM_TIMER) return TakeTimer();
   if (message != socketMessage_) return;
-  if (Present() == State::Connecting && WSAGETSELECTEVENT(lParam) == FD_CONNECT) {
+  if (CurrentState() == State::Connecting && WSAGETSELECTEVENT(lParam) == FD_CONNECT) {
     Negotiate(WSAGETSELECTERROR(lParam));
-  } else if (Present() == State::Negotiating) {
+  } else if (CurrentState() == State::Negotiating) {
     ReadConfirm();
   }
 }

@@ -124,14 +124,14 @@ void NotificationService::TakeCapabilities(const QStringList& capabilities, cons
       Fail();
     } else {
       id_ = id;
-      shower_ = answer.service();
+      shownBy_ = answer.service();
       patience_.stop();
     }
   });
 }
 
 bool NotificationService::IsOurs(uint id, const QDBusMessage& signal) const {
-  return id != 0 && id == id_ && signal.service() == shower_;
+  return id != 0 && id == id_ && signal.service() == shownBy_;
 }
 
 void NotificationService::TakeClick(uint id, const QString& action, const QDBusMessage& signal) {
