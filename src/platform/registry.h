@@ -42,8 +42,11 @@ class Registry {
   /// Reads value number `index` of an open key, counted from 0.
   /// @param name, data the buffers to fill.
   /// @param nameLength, dataLength in: the sizes of the buffers; out: the length of the name in
-  ///   characters and of the data in bytes. A text's data ends in a NUL.
-  /// @return 0, or an error code when there is no such value or a buffer is too small.
+  ///   characters and of the data in bytes. The name's closing NUL needs room but doesn't count;
+  ///   that of a text's data counts.
+  /// @return 0, or an error code when there is no such value or a buffer is too small; of a value
+  /// that
+  ///   doesn't fit (ERROR_MORE_DATA), `dataLength` tells the size that it needs.
   virtual std::int32_t RegEnumValueA(std::int32_t key, std::int32_t index, std::span<char> name,
                                      std::int32_t& nameLength, std::int32_t& type,
                                      std::span<std::byte> data, std::int32_t& dataLength) = 0;
