@@ -26,6 +26,9 @@ struct GridCell {
   std::int32_t col;
 };
 
+/// A view catches up with its grid once in so many milliseconds, which is a frame of most screens.
+inline constexpr int kViewFrameMilliseconds = 16;
+
 /// The view that a desktop puts on a grid. Each call tells what has just changed.
 class GridObserver {
  public:

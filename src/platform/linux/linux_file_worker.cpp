@@ -19,9 +19,6 @@ namespace {
 
 using std::chrono::steady_clock;
 
-/// Each holds a thread, and memory for what it reads or writes.
-constexpr std::size_t kMostUnderWay = 8;
-
 }  // namespace
 
 struct LinuxFileWorker::RunningJob {
@@ -65,7 +62,7 @@ std::shared_ptr<LinuxFileWorker::RunningJob> LinuxFileWorker::Send(std::string n
                                                                    Job job) {
   std::erase_if(underWay_, [](const auto& running) { return running->done.load(); });
   // What hangs may yet happen, and must not happen to what a later job has made of the file.
-  if (underWay_.size() >= kMostUnderWay ||
+  if (underWay_.size() >= kMostJobs ||
       std::ranges::find(underWay_, name, &RunningJob::name) != underWay_.end()) {
     RaiseSystemError(EBUSY);
   }

@@ -16,8 +16,8 @@ namespace kestrava {
 class LinuxFileWorker final : public FileWorker {
  public:
   struct Patience {
-    std::chrono::milliseconds moment{300};      ///< for which the caller simply waits
-    std::chrono::milliseconds longest{10'000};  ///< after which a job has failed (ETIMEDOUT)
+    std::chrono::milliseconds moment = kShortWait;
+    std::chrono::milliseconds longest = kLongestJob;  ///< the job's error is ETIMEDOUT then
   };
 
   explicit LinuxFileWorker(DescriptorWaits& waits) : LinuxFileWorker(waits, Patience()) {}

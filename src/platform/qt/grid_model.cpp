@@ -12,7 +12,6 @@ namespace kestrava {
 
 namespace {
 
-constexpr int kFrameMilliseconds = 16;
 constexpr std::int32_t kNothingFirst = std::numeric_limits<std::int32_t>::max();
 constexpr std::int32_t kNothingLast = -1;
 
@@ -103,7 +102,7 @@ void GridModel::ShapeChanged() {
 void GridModel::NoteRows(std::int32_t first, std::int32_t last) {
   firstChanged_ = std::min(firstChanged_, first);
   lastChanged_ = std::max(lastChanged_, last);
-  if (!frame_.isActive()) frame_.start(kFrameMilliseconds, this);
+  if (!frame_.isActive()) frame_.start(kViewFrameMilliseconds, this);
 }
 
 void GridModel::CatchUpRows(int rows) {

@@ -12,7 +12,6 @@ namespace kestrava {
 namespace {
 
 constexpr UINT_PTR kFrameTimer = 1;
-constexpr UINT kFrameMilliseconds = 16;
 constexpr std::int32_t kNothingFirst = std::numeric_limits<std::int32_t>::max();
 constexpr std::int32_t kNothingLast = -1;
 
@@ -102,7 +101,7 @@ void GridView::NoteRows(std::int32_t first, std::int32_t last) {
   firstChanged_ = std::min(firstChanged_, first);
   lastChanged_ = std::max(lastChanged_, last);
   if (frameIsDue_) return;
-  frameIsDue_ = SetTimer(Handle(), kFrameTimer, kFrameMilliseconds, nullptr) != 0;
+  frameIsDue_ = SetTimer(Handle(), kFrameTimer, kViewFrameMilliseconds, nullptr) != 0;
 }
 
 void GridView::CatchUp() {

@@ -12,8 +12,6 @@ using std::chrono::steady_clock;
 
 constexpr UINT kTurnMessage = WM_APP;
 constexpr UINT_PTR kRestTimer = 1;
-constexpr UINT kLongestRestMilliseconds = 10;
-constexpr std::chrono::microseconds kSparedFor(100);
 
 }  // namespace
 
@@ -49,7 +47,7 @@ void Win32EventLoop::BeginTurn() {
 
 void Win32EventLoop::Rest() {
   rests_ = true;
-  SetTimer(window_.Handle(), kRestTimer, kLongestRestMilliseconds, nullptr);
+  SetTimer(window_.Handle(), kRestTimer, UINT{kLongestRest.count()}, nullptr);
 }
 
 void Win32EventLoop::EndShortTurn() {

@@ -14,12 +14,6 @@ namespace {
 
 using namespace std::chrono;
 
-constexpr milliseconds kMoment(300);  ///< for which the caller simply waits
-constexpr milliseconds kLongest(10'000);
-
-/// Each holds a thread, and memory for what it reads or writes.
-constexpr std::size_t kMostUnderWay = 8;
-
 }  // namespace
 
 struct Win32FileWorker::RunningJob {
@@ -36,7 +30,7 @@ struct Win32FileWorker::RunningJob {
   AtEnd atEnd = AtEnd::Drop;
   Job job;  ///< belongs to its thread until it is done, as does the error
   std::exception_ptr error;
-  steady_clock::time_point deadline = steady_clock::now() + kLongest;
+  steady_clock::time_point deadline = steady_clock::now() + kLongestJob;
   OwnedHandle done{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
 };
 
@@ -48,7 +42,8 @@ Win32FileWorker::~Win32FileWorker() {
 
 Task<> Win32FileWorker::Run(std::string name, AtEnd atEnd, Job job) {
   const auto running = Send(std::move(name), atEnd, std::move(job));
-  if (!running->WaitFor(kMoment)) co_await waits_.Signalled(running->done.get(), running->Rest());
+  if (!running->WaitFor(kShortWait))
+    co_await waits_.Signalled(running->done.get(), running->Rest());
   if (!running->IsDone()) RaiseSystemError(ERROR_TIMEOUT);
   if (running->error) std::rethrow_exception(running->error);
 }
@@ -57,7 +52,7 @@ std::shared_ptr<Win32FileWorker::RunningJob> Win32FileWorker::Send(std::string n
                                                                    Job job) {
   std::erase_if(underWay_, [](const auto& running) { return running->IsDone(); });
   // What hangs may yet happen, and must not happen to what a later job has made of the file.
-  if (underWay_.size() >= kMostUnderWay ||
+  if (underWay_.size() >= kMostJobs ||
       std::ranges::find(underWay_, name, &RunningJob::name) != underWay_.end()) {
     RaiseSystemError(ERROR_BUSY);
   }
