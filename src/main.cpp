@@ -11,7 +11,7 @@
 #include <iterator>
 #include <string_view>
 
-#include "help/program_info.h"
+#include "help/command_line.h"
 #include "help/web_pages.h"
 #include "monitor/frmMain.h"
 #include "platform/linux/termination_signals.h"
@@ -22,16 +22,8 @@
 
 namespace {
 
-constexpr int kExitUsage = 2;
-
-constexpr const char* kHelp =
-    "Usage: kestrava [OPTION]\n"
-    "Watch which of your machines can be reached.\n"
-    "\n"
-    "  --help     print this text and end\n"
-    "  --version  print the version and end\n"
-    "\n"
-    "The options of Qt's programs, such as -session and -platform, are taken, too.\n";
+constexpr std::string_view kMoreHelp =
+    "\nThe options of Qt's programs, such as -session and -platform, are taken, too.\n";
 
 /// The toolkit ends at the end of the desktop's session if every window lets itself be closed,
 /// which a dialog doesn't while the program waits for it. This one unloads the main window instead.
@@ -50,18 +42,6 @@ class Application final : public QApplication {
  private:
   const std::function<void()>& unloadMainWindow_;
 };
-
-/// Answers an argument that needs no display. @return whether it was one.
-bool Answers(std::string_view argument) {
-  if (argument == "--help") {
-    std::fputs(kHelp, stdout);
-  } else if (argument == "--version") {
-    std::printf("%s %s\n", kestrava::kProgramTitle, kestrava::kProgramVersion);
-  } else {
-    return false;
-  }
-  return true;
-}
 
 /// The first argument that is none of the toolkit's, with whatever follows an option; null for
 /// none. The toolkit's are those of the documentation of QGuiApplication and QApplication, with one
@@ -86,9 +66,9 @@ const char* FindUnknown(int argc, char* argv[]) {
 }
 
 /// Shows the manual that was installed with the program, or that of the sources in the folder where
-/// it was built, while the web site's host is one that nobody can have (RFC 2606).
+/// it was built, while the program has no web site.
 void ShowManualWithoutWebSite(kestrava::LinuxDesktop& desktop) {
-  if (!std::string_view(kestrava::kWebHost).ends_with(".example")) return;
+  if (kestrava::HasWebSite()) return;
   const std::filesystem::path folder = desktop.Services().programFolder;
   for (const char* manual : {"web/KVManual.html", "../share/kestrava/manual/KVManual.html"}) {
     desktop.Programs().ShowInstead(kestrava::ManualUrl(), folder / manual);
@@ -117,11 +97,14 @@ int main(int argc, char* argv[]) {
   using namespace kestrava;
 
   for (int i = 1; i < argc; ++i) {
-    if (Answers(argv[i])) return std::fflush(stdout) == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+    const auto answer = AnswerTo(argv[i], kMoreHelp);
+    if (!answer) continue;
+    std::fputs(answer->c_str(), stdout);
+    return std::fflush(stdout) == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
   }
 
   if (const char* unknown = FindUnknown(argc, argv)) {
-    std::fprintf(stderr, "kestrava: unknown argument %s\n", unknown);
+    std::fputs(RefusalOf(unknown).c_str(), stderr);
     return kExitUsage;
   }
 
@@ -135,7 +118,7 @@ int main(int argc, char* argv[]) {
 
   QApplication::setOrganizationName(kProgramTitle);
   QApplication::setApplicationName(kProgramTitle);
-  QApplication::setDesktopFileName(QStringLiteral("kestrava"));
+  QApplication::setDesktopFileName(kProgramName);
   WithholdSilentSessionBus();
   Application application(argc, argv, unloadMainWindow);
   // The application object has just taken over the user's locale. Dates follow it, but numbers in
@@ -150,7 +133,6 @@ int main(int argc, char* argv[]) {
   ShowManualWithoutWebSite(desktop);
   frmMain mainWindow(desktop.Services());
   const DisplayLoss displayLoss([&mainWindow] { mainWindow.StoreLastListFile(); });
-  desktop.NotificationArea().ExportMenu(mainWindow, mainWindow.mnufile, mainWindow.mnuFileRestore);
   unloadMainWindow = [&] { desktop.Windows().Unload(mainWindow); };
   desktop.Watch(terminationSignals);
   for (const auto request :

@@ -2,9 +2,8 @@
 #include <cstdlib>
 #include <optional>
 #include <string>
-#include <string_view>
 
-#include "help/program_info.h"
+#include "help/command_line.h"
 #include "help/web_pages.h"
 #include "monitor/frmMain.h"
 #include "platform/win32/command_line.h"
@@ -13,28 +12,17 @@
 
 namespace {
 
-constexpr int kExitUsage = 2;
-
-constexpr const char* kHelp =
-    "Usage: kestrava [OPTION]\n"
-    "Watch which of your machines can be reached.\n"
-    "\n"
-    "  --help     print this text and end\n"
-    "  --version  print the version and end\n";
-
 /// Answers the arguments, where there are any. @return the program's exit status then.
 std::optional<int> AnswerArguments() {
   using namespace kestrava;
 
   const auto arguments = Arguments();
   for (const auto& argument : arguments) {
-    const std::string version = std::string(kProgramTitle) + ' ' + kProgramVersion + '\n';
-    const bool isHelp = argument == "--help";
-    if (!isHelp && argument != "--version") continue;
-    return Tell(Answer::Output, isHelp ? kHelp : version) ? EXIT_SUCCESS : EXIT_FAILURE;
+    const auto answer = AnswerTo(argument);
+    if (answer) return Tell(Answer::Output, *answer) ? EXIT_SUCCESS : EXIT_FAILURE;
   }
   if (arguments.empty()) return std::nullopt;
-  Tell(Answer::Error, "kestrava: unknown argument " + arguments.front() + '\n');
+  Tell(Answer::Error, RefusalOf(arguments.front()));
   return kExitUsage;
 }
 
@@ -49,8 +37,8 @@ int main() {
   std::setlocale(LC_TIME, "");
 
   WindowsDesktop desktop;
-  // The web site's host is one that nobody can have (RFC 2606): the manual lies with the program.
-  if (std::string_view(kWebHost).ends_with(".example")) {
+  if (!HasWebSite()) {
+    // The manual lies with the program.
     const std::string folder = desktop.Services().programFolder;
     desktop.Programs().ShowInstead(ManualUrl(), folder + "\\web\\KVManual.html");
   }

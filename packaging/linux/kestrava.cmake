@@ -19,7 +19,6 @@ target_link_libraries(kestrava_linux_desktop PUBLIC kestrava_linux kestrava_qt Q
 
 add_executable(kestrava src/main.cpp resources/kestrava.qrc)
 set_target_properties(kestrava PROPERTIES AUTORCC ON OPTIMISED_AS_A_WHOLE ON)
-target_include_directories(kestrava PRIVATE ${PROJECT_BINARY_DIR}/generated)
 target_link_libraries(kestrava PRIVATE kestrava_logic kestrava_linux_desktop)
 # A few lists to begin with, where the file dialogs start.
 file(COPY resources/Lists DESTINATION ${PROJECT_BINARY_DIR})

@@ -12,7 +12,6 @@ set_source_files_properties(
   "${CMAKE_CURRENT_LIST_DIR}/kestrava.ico;${CMAKE_CURRENT_LIST_DIR}/kestrava.manifest")
 
 add_executable(kestrava WIN32 src/main_windows.cpp ${PROJECT_BINARY_DIR}/generated/kestrava.rc)
-target_include_directories(kestrava PRIVATE ${PROJECT_BINARY_DIR}/generated)
 target_link_libraries(kestrava PRIVATE kestrava_logic kestrava_win32)
 target_link_options(kestrava PRIVATE -static -s -Wl,--dynamicbase,--nxcompat,--high-entropy-va
                     -Wl,--no-insert-timestamp)

@@ -61,9 +61,12 @@ void ToggleChecking(MSFlexGrid& grid) {
 
 }  // namespace
 
-void EditCurrentCell(MSFlexGrid& grid, PromptBoxes& promptBoxes, MessageBoxes& messageBoxes) {
-  if (grid.Row() == kHeadingRow) return;
-  switch (grid.Col()) {
+void EditUserCell(MSFlexGrid& grid, PromptBoxes& promptBoxes, MessageBoxes& messageBoxes) {
+  const auto cell = grid.UserCell();
+  if (!cell) return;
+  grid.SetRow(cell->row);
+  grid.SetCol(cell->col);
+  switch (cell->col) {
     case kNameColumn:
       return EditName(grid, promptBoxes);
     case kAddressColumn:

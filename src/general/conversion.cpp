@@ -4,17 +4,12 @@
 #include <charconv>
 #include <system_error>
 
+#include "platform/ascii.h"
 #include "platform/runtime_error.h"
 
 namespace kestrava {
 
 namespace {
-
-std::string_view WithoutBlanks(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 std::string_view WithoutPlus(std::string_view text) {
   if (text.size() > 1 && text.front() == '+' && text[1] != '-') text.remove_prefix(1);
@@ -23,12 +18,8 @@ std::string_view WithoutPlus(std::string_view text) {
 
 /// @param word in small letters.
 bool IsWord(std::string_view text, std::string_view word) {
-  return std::ranges::equal(text, word, [](char letter, char small) {
-    return letter == small || (letter >= 'A' && letter <= 'Z' && letter - 'A' + 'a' == small);
-  });
+  return std::ranges::equal(text, word, {}, LowerCase);
 }
-
-bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
 }  // namespace
 

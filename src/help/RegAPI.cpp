@@ -43,10 +43,6 @@ class OpenKey {
   std::int32_t result_ = ERROR_SUCCESS;
 };
 
-std::size_t Length(std::int32_t length, std::size_t most) {
-  return std::min(static_cast<std::size_t>(std::max(length, 0)), most);
-}
-
 std::int32_t AsNumber(std::span<const std::byte> data) {
   std::int32_t number = 0;
   std::memcpy(&number, data.data(), std::min(data.size(), sizeof(number)));
@@ -76,8 +72,8 @@ std::vector<RegistryValue> RegistryValueTable(Registry& registry, std::int32_t h
         ERROR_SUCCESS) {
       break;
     }
-    RegistryValue value{std::string(name.data(), Length(nameLength, kNameSize)), {}};
-    const std::span<const std::byte> bytes(data.data(), Length(dataLength, kDataSize));
+    RegistryValue value{std::string(name.data(), UsedRoom(nameLength, kNameSize)), {}};
+    const std::span<const std::byte> bytes(data.data(), UsedRoom(dataLength, kDataSize));
     if (type == REG_SZ) {
       value.data = AsText(bytes);
     } else if (type == REG_DWORD) {

@@ -20,12 +20,6 @@
 
 namespace kestrava {
 
-namespace {
-
-constexpr int kBalloonMilliseconds = 5000;
-
-}  // namespace
-
 frmMain::frmMain(const Platform& platform)
     : Form(kMainWindowSpec),
       platform_(platform),
@@ -84,7 +78,6 @@ void frmMain::Form_Unload() {
   check_ = {};
   StoreLastListFile();
   icon_.TrayIconRemove();
-  popup_.UnhookTrayMessages(popup_.Handle());
 }
 
 void frmMain::cmdAdd_Click() {
@@ -104,7 +97,7 @@ void frmMain::cmdRemove_Click() {
 }
 
 void frmMain::grdServers_DblClick() {
-  EditCurrentCell(grdServers, platform_.promptBoxes, platform_.messageBoxes);
+  EditUserCell(grdServers, platform_.promptBoxes, platform_.messageBoxes);
 }
 
 void frmMain::tmrCheck_Timer() {
@@ -121,7 +114,7 @@ void frmMain::tmrCheck_Timer() {
 void frmMain::tmrBalloon_Timer() {
   icon_.TrayBalloonHide(popup_.Handle());
   tmrBalloon.SetEnabled(false);
-  tmrBalloon.SetInterval(kBalloonMilliseconds);
+  tmrBalloon.SetInterval(tmrBalloon.Spec().interval);
 }
 
 void frmMain::mnuFileNew_Click() { lists_.NewList(); }

@@ -14,4 +14,16 @@ inline constexpr Color kRed = 0x0000FF;
 /// No colour was ever set: the desktop's own background shows.
 inline constexpr Color kNoColor = 0xFFFFFFFF;
 
+/// What a lamp of that colour tells, in words, for those who don't see it.
+constexpr const char* LampMeaning(Color color) {
+  switch (color) {
+    case kGreen:
+      return "Online";
+    case kRed:
+      return "Offline";
+    default:
+      return "Unchecked";
+  }
+}
+
 }  // namespace kestrava

@@ -5,7 +5,7 @@
 namespace kestrava {
 
 /// The file dialogs. One instance serves every command and keeps its values between two showings.
-/// Texts are in the system's 8-bit encoding.
+/// Paths are in the system's own bytes.
 class CommonDialog {
  public:
   virtual ~CommonDialog() = default;

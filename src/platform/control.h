@@ -106,7 +106,7 @@ class TextBox : public Control {
  public:
   TextBox(Form& form, const char* name) : Control(form, name, ControlKind::TextBox) {}
 
-  /// One line of text in the system's 8-bit encoding.
+  /// One line, in bytes as the user typed them (UTF-8) or the program set them.
   const std::string& Text() const { return text_; }
   void SetText(std::string text) { Change(text_, std::move(text)); }
 

@@ -2,15 +2,17 @@
 
 #include <cstdio>
 
+#include "platform/program_title.h"
+
 namespace kestrava {
 
 void ReportError(const std::exception_ptr& error) noexcept {
   try {
     std::rethrow_exception(error);
   } catch (const std::exception& known) {
-    std::fprintf(stderr, "kestrava: %s\n", known.what());
+    std::fprintf(stderr, "%s: %s\n", kProgramName, known.what());
   } catch (...) {
-    std::fputs("kestrava: unknown error in an event handler\n", stderr);
+    std::fprintf(stderr, "%s: unknown error\n", kProgramName);
   }
 }
 

@@ -18,6 +18,32 @@ class Event {
   std::function<void()> handler_;
 };
 
+/// Observes something for as long as it lives, or until another one is assigned. What it observes
+/// must outlive it.
+/// @tparam Observer what is told of changes; that of no observation is `Observer{}`.
+template <typename Observer = std::function<void()>>
+class [[nodiscard]] Observation {
+ public:
+  /// Of nothing.
+  Observation() = default;
+  /// @param place where the observed object keeps its one observer; there is none yet.
+  Observation(Observer& place, Observer observer) : place_(&place) { place = std::move(observer); }
+  Observation(Observation&& other) noexcept : place_(std::exchange(other.place_, nullptr)) {}
+  Observation& operator=(Observation&& other) noexcept {
+    End();
+    place_ = std::exchange(other.place_, nullptr);
+    return *this;
+  }
+  ~Observation() { End(); }
+
+ private:
+  void End() noexcept {
+    if (place_) *place_ = Observer{};
+  }
+
+  Observer* place_ = nullptr;
+};
+
 /// State that a desktop mirrors. The desktop that shows the object observes it; every change is
 /// told once, after it was made.
 class Observable {
@@ -26,8 +52,8 @@ class Observable {
   Observable(const Observable&) = delete;
   Observable& operator=(const Observable&) = delete;
 
-  /// Sets the one observer; an empty function takes it away again.
-  void Observe(std::function<void()> observer) { observer_ = std::move(observer); }
+  /// There is one observer at a time.
+  Observation<> Observe(std::function<void()> observer) { return {observer_, std::move(observer)}; }
 
  protected:
   ~Observable() = default;

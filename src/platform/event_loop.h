@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <coroutine>
 #include <vector>
 
@@ -15,12 +16,16 @@ class EventLoop {
   /// `co_await PumpEvents()` gives the loop one turn: every waiting event is delivered to its
   /// handler, and then the work goes on.
   ///
-  /// A turn that begins less than 100 us after the end of the last one finds nothing that a person
-  /// could miss, and may return at once. While an echo or a Remote Desktop attempt is under way, a
-  /// turn rests until something comes of that, for 10 ms at most; otherwise it doesn't rest.
+  /// A turn that begins sooner than `kSparedFor` after the end of the last one finds nothing that a
+  /// person could miss, and may return at once. While an echo or a Remote Desktop attempt is under
+  /// way, a turn rests until something comes of that, for `kLongestRest` at most; otherwise it
+  /// doesn't rest.
   Turn PumpEvents();
 
  protected:
+  static constexpr std::chrono::microseconds kSparedFor{100};
+  static constexpr std::chrono::milliseconds kLongestRest{10};
+
   /// To be called by the desktop when a turn has ended: all that waited for it goes on.
   void EndTurn();
 

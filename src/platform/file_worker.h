@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -13,15 +15,21 @@ namespace kestrava {
 
 class FileSystemObject;
 
+/// For so long whoever awaits a job simply waits, so that an ordinary file is there before anything
+/// else happens.
+inline constexpr std::chrono::milliseconds kShortWait{300};
+/// After this time a job has failed for whoever awaits it.
+inline constexpr std::chrono::milliseconds kLongestJob{10'000};
+/// Jobs under way at a time. Each holds a thread, and memory for what it reads or writes.
+inline constexpr std::size_t kMostJobs = 8;
+
 /// What becomes of a job that is under way when the program ends.
 enum class AtEnd { Drop, Finish };
 
 /// Runs work on files, which may hang: a file may lie on a share that doesn't answer.
 ///
-/// An ordinary file answers within a moment, and for that the caller simply waits, so that nothing
-/// else happens meanwhile. Past it the event loop goes on until the job is done. A job that takes
-/// too long has failed for whoever awaits it; it is left to itself, and still goes on if the file
-/// answers at last.
+/// After `kShortWait` the event loop goes on until the job is done, or for `kLongestJob` in all. A
+/// job that takes longer is left to itself, and still goes on if the file answers at last.
 class FileWorker {
  public:
   /// Must hold all that it touches: it may run elsewhere than the caller, beside it, and longer.

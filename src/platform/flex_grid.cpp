@@ -50,6 +50,22 @@ void MSFlexGrid::SetCols(std::int32_t cols) {
   TellShape();
 }
 
+std::optional<GridCell> MSFlexGrid::UserCell() const {
+  const auto row = userRow_ ? RowOf(*userRow_) : std::nullopt;
+  if (!row || userCol_ >= cols_) return std::nullopt;
+  return GridCell{*row, userCol_};
+}
+
+bool MSFlexGrid::ChooseCell(std::int32_t row, std::int32_t col) {
+  if (row >= Rows() || col >= cols_) return false;
+  row_ = row;
+  col_ = col;
+  userRow_.reset();
+  if (row > 0 && col > 0) userRow_ = Bookmark(row);
+  userCol_ = col;
+  return true;
+}
+
 void MSFlexGrid::SetText(std::string_view text) {
   if (text == TextView()) return;
   CurrentRow().SetText(static_cast<std::size_t>(col_), text);

@@ -20,6 +20,15 @@ struct RowBookmark {
   friend auto operator<=>(const RowBookmark&, const RowBookmark&) = default;
 };
 
+/// A place in a grid, as it is at that moment.
+struct GridCell {
+  std::int32_t row;
+  std::int32_t col;
+};
+
+/// A view catches up with its grid once in so many milliseconds, which is a frame of most screens.
+inline constexpr int kViewFrameMilliseconds = 16;
+
 /// The view that a desktop puts on a grid. Each call tells what has just changed.
 class GridObserver {
  public:
@@ -35,14 +44,17 @@ class GridObserver {
   ~GridObserver() = default;
 };
 
-/// A table of text cells with one current cell. Row 0 and column 0 are fixed headings. A new grid
-/// has 2 rows and 2 columns. Indexes count from 0; a `Row` or `Col` outside the table is an error.
+/// A table of text cells. Row 0 and column 0 are fixed headings. A new grid has 2 rows and 2
+/// columns. Indexes count from 0; a `Row` or `Col` outside the table is an error.
+///
+/// Texts and colours are read and written at the current cell, `Row` and `Col`, which every piece
+/// of the program moves to where it works. The user's choice is another one: `UserCell`.
 class MSFlexGrid : public Control {
  public:
   MSFlexGrid(Form& form, const char* name);
 
   /// Raised when the user double-clicks a cell, or presses Enter on it; that cell has become the
-  /// current one.
+  /// user's and the current one.
   Event DblClick;
 
   std::int32_t Rows() const { return static_cast<std::int32_t>(above_.size() + below_.size()); }
@@ -66,6 +78,15 @@ class MSFlexGrid : public Control {
     CheckIndex(col, cols_);
     col_ = col;
   }
+
+  /// The cell that the user has chosen by mouse or keys, wherever that is now and wherever the
+  /// current one has gone since. Nothing if there is none: at first, after a click on a heading,
+  /// and once its row has gone.
+  std::optional<GridCell> UserCell() const;
+  /// For the desktop: the user has clicked this cell or gone there by keys. It becomes the current
+  /// one and, unless it is a heading, the user's.
+  /// @return false, with nothing changed, if there is no such cell any more.
+  bool ChooseCell(std::int32_t row, std::int32_t col);
 
   /// The current cell.
   std::string Text() const { return std::string(TextView()); }
@@ -111,8 +132,8 @@ class MSFlexGrid : public Control {
   std::size_t TextSizeAt(std::int32_t row) const { return RowAt(row).TextSize(); }
   Color BackColorAt(std::int32_t row, std::int32_t col) const;
 
-  /// Sets the one view; nullptr takes it away.
-  void SetObserver(GridObserver* observer) { gridObserver_ = observer; }
+  /// Tells the one view of what changes in the cells.
+  Observation<GridObserver*> ObserveCells(GridObserver& view) { return {gridObserver_, &view}; }
 
  private:
   static void CheckIndex(std::int32_t index, std::int32_t count) {
@@ -141,6 +162,8 @@ class MSFlexGrid : public Control {
   std::int32_t cols_ = 2;
   std::int32_t row_ = 1;
   std::int32_t col_ = 1;
+  std::optional<RowBookmark> userRow_;
+  std::int32_t userCol_ = 0;
   std::uint64_t nextSerial_ = 0;
   GridObserver* gridObserver_ = nullptr;
 };

@@ -45,8 +45,9 @@ class Form : public Observable {
   virtual ~Form() = default;
 
   const FormSpec& Spec() const { return spec_; }
+  /// In no order; a desktop goes by their places and their tab order.
   const std::vector<Control*>& Controls() const { return controls_; }
-  /// In the order of the table.
+  /// In the order of the table, whatever that of the members is.
   const std::vector<MenuEntry*>& Menu() const { return menu_; }
   const std::vector<Timer*>& Timers() const { return timers_; }
 

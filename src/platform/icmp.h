@@ -18,12 +18,15 @@ struct IP_OPTION_INFORMATION {
 };
 static_assert(sizeof(IP_OPTION_INFORMATION) == 8);
 
+/// In place of a round trip in milliseconds: no reply came. Every reply's is less.
+inline constexpr std::int32_t kRoundTripWithoutReply = 10000;
+
 #pragma pack(push, 2)
 /// The reply record of one echo: 28 bytes of header and 250 bytes for the echoed data.
 struct EchoReply {
   std::uint32_t Address;       ///< the machine that answered, network byte order in memory
   std::int32_t Status;         ///< 0, or a code of `EchoStatusText`
-  std::int32_t RoundTripTime;  ///< milliseconds; 10000 where no reply came
+  std::int32_t RoundTripTime;  ///< milliseconds, or `kRoundTripWithoutReply`
   std::int16_t DataSize;       ///< bytes of echoed data; 0 where no reply came
   std::uint16_t Reserved;
   std::uint32_t DataPointer;      ///< unused: the data stands in `Data`
@@ -74,7 +77,8 @@ class IcmpService {
   /// for none; `replySize` is the size of `reply` in bytes. What the arguments refer to, and the
   /// handle, must stay until the task has ended or gone.
   /// @return non-zero if a reply came: `Status` 0, `RoundTripTime` in milliseconds and `DataSize`
-  ///   of 1 or more. 0 if none came: `Status` says why, `RoundTripTime` is 10000 and `DataSize` 0.
+  ///   of 1 or more. 0 if none came: `Status` says why, `RoundTripTime` is `kRoundTripWithoutReply`
+  ///   and `DataSize` 0.
   virtual Task<std::uint32_t> IcmpSendEcho(IcmpHandle handle, std::int32_t address,
                                            std::string_view data,
                                            const IP_OPTION_INFORMATION* options, EchoReply& reply,

@@ -8,8 +8,8 @@ class Form;
 
 enum class MenuKind {
   Menu,       ///< a top menu; the lines that follow it are its entries
-  Entry,      ///< a command, not to be had while a dialog waits for its answer
-  FreeEntry,  ///< a command that is to be had at any time
+  Entry,      ///< a command, not available while a dialog waits for its answer
+  FreeEntry,  ///< a command that is available at any time
   Separator,  ///< a line between two groups of entries
 };
 

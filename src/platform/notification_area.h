@@ -1,7 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 namespace kestrava {
 
@@ -46,6 +48,20 @@ enum NotifyIconSize : std::int32_t {
   kNotifyIconSizeWithBalloon = 488,
   kNotifyIconSizeIconOnly = 88,
 };
+
+/// For a desktop: whether the record has one of these lengths.
+inline bool HasKnownSize(const NOTIFYICONDATA& record) {
+  return record.cbSize == kNotifyIconSizeWhole || record.cbSize == kNotifyIconSizeWithBalloon ||
+         record.cbSize == kNotifyIconSizeIconOnly;
+}
+
+/// For a desktop: the part of a text field of `record` that lies within its length.
+template <std::size_t kWidth>
+std::string_view PresentPart(const NOTIFYICONDATA& record, const char (&field)[kWidth]) {
+  const auto offset = static_cast<std::size_t>(field - reinterpret_cast<const char*>(&record));
+  const auto size = static_cast<std::size_t>(record.cbSize);
+  return {field, size > offset ? std::min(kWidth, size - offset) : 0};
+}
 
 /// Values from shellapi.h of the Windows SDK.
 enum NotifyIconMessage : std::int32_t {

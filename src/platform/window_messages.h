@@ -39,6 +39,11 @@ class WindowMessages {
 
   virtual void SetForegroundWindow(std::int32_t hWnd) = 0;
 
+  /// Tells which menu of `form` its icon in the notification area has, for desktops that draw that
+  /// menu themselves; all others ask for it by `PopupMenu`. The three must stay for as long as the
+  /// icon does.
+  virtual void SetIconMenu(Form&, const MenuEntry& /*menu*/, const MenuEntry& /*defaultEntry*/) {}
+
   /// Shows the entries of the top menu `menu` of `form` at the mouse pointer, `defaultEntry` marked
   /// as the default where it is visible. Returns when the menu has closed; the command that the
   /// user picked has run by then.

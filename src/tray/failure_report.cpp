@@ -3,15 +3,13 @@
 #include <algorithm>
 #include <string_view>
 
+#include "platform/ascii.h"
+
 namespace kestrava {
 
 namespace {
 
 constexpr const char* kClickHere = "\r\nClick Here to See More Information";
-
-char LowerCase(char letter) {
-  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
 
 bool ContainsIgnoringCase(std::string_view text, std::string_view word) {
   const auto found =

@@ -31,7 +31,9 @@ modPopup::modPopup(Form& window, const MenuEntry& menu, const MenuEntry& default
       messages_(messages),
       savedWindowProc_(savedWindowProc),
       balloonAction_(balloonAction),
-      restoreWindow_(std::move(restoreWindow)) {}
+      restoreWindow_(std::move(restoreWindow)) {
+  messages_.SetIconMenu(window_, menu_, defaultEntry_);
+}
 
 std::int32_t modPopup::Handle() const { return messages_.WindowHandle(window_); }
 

@@ -32,8 +32,8 @@ class modPopup {
   std::int32_t Handle() const;
   std::int32_t IconHandle() const;
 
-  /// Puts `TrayWindowProc` in front of the window's own procedure, which goes into
-  /// the saved address. Where that fails nothing is hooked.
+  /// Puts `TrayWindowProc` in front of the window's own procedure, whose address is saved. Where
+  /// that fails nothing is hooked.
   void HookTrayMessages(std::int32_t hWnd);
   /// Puts the window's own procedure back. Does nothing where none is saved.
   void UnhookTrayMessages(std::int32_t hWnd);

@@ -62,6 +62,8 @@ void NotificationIcon::TrayIconAdd() {
 
 void NotificationIcon::TrayIconRemove() {
   area_.Shell_NotifyIconA(NIM_DELETE, NewRecord(popup_.Handle()));
+  // After the icon, so that no message of it comes in when nothing answers it any more.
+  popup_.UnhookTrayMessages(popup_.Handle());
 }
 
 void NotificationIcon::TrayBalloonShow(std::int32_t infoFlags, std::string_view title,

@@ -14,8 +14,8 @@ struct NOTIFYICONDATA;
 /// False also where it can't be read.
 bool ShellVersionAtLeast(VersionInfo& versions, std::int32_t major);
 
-/// The one icon that the main window has in the notification area, and its balloon. No failure of
-/// these is ever reported.
+/// The one icon that the main window has in the notification area, with its balloon, and the hook
+/// by which its messages come: both come and go together. No failure of these is ever reported.
 class NotificationIcon {
  public:
   NotificationIcon(NotificationArea& area, VersionInfo& versions, modPopup& popup)
@@ -23,7 +23,7 @@ class NotificationIcon {
 
   /// Adds the icon and, if that went well, hooks its messages.
   void TrayIconAdd();
-  /// Takes the icon away, with its balloon.
+  /// Takes the icon away, with its balloon, and then the hook, where there is one.
   void TrayIconRemove();
 
   /// `infoFlags` chooses the balloon's picture, such as `NIIF_USER`. The title is cut at 64 bytes

@@ -86,7 +86,6 @@ struct Desktop {
   /// @param tray "1" to start in the tray.
   explicit Desktop(const char* tray = "0") {
     real.settings.WriteSetting("Preferences", "Tray", tray);
-    system.NotificationArea().ExportMenu(main, main.mnufile, main.mnuFileRestore);
     real.windows.Load(main);
     if (!main.State().InTray) real.windows.Show(main);
     window = Widget("frmMain");

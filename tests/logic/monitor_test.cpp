@@ -71,8 +71,7 @@ static void RunRandomPasses(unsigned seed) {
   };
   const auto edit = [&] {
     if (grid.Rows() == 1) return;
-    grid.SetRow(below(grid.Rows() - 1) + 1);
-    grid.SetCol(below(6));
+    grid.ChooseCell(below(grid.Rows() - 1) + 1, below(6));
     const std::size_t kind = KindOf(program.Cell(grid.Row(), 1));
     program.desktop.onPrompt = [&machine, kind] { return machine(kind); };
     grid.DblClick.Raise();

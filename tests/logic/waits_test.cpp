@@ -62,8 +62,7 @@ const struct {
      1, "A;B;", [](const Watching& user) { return user.window.State().CheckInterval == 30; }},
     {"edit prompt",
      [](Watching& user) {
-       user.window.grdServers.SetRow(1);
-       user.window.grdServers.SetCol(1);
+       user.window.grdServers.ChooseCell(1, 1);
        user.window.grdServers.DblClick.Raise();
      },
      1, "X;B;"},
@@ -126,12 +125,9 @@ TEST(Waits, EndWithTheProgramAndNothingIsWrittenAfterwards) {
 
 TEST(Waits, APromptsAnswerIsDroppedWhereItsCellHasChangedMeanwhile) {
   Watching user;
-  user.window.grdServers.SetRow(1);
-  user.window.grdServers.SetCol(1);
+  user.window.grdServers.ChooseCell(1, 1);
   user.desktop.onPrompt = [&user] {
     user.desktop.onPrompt = [] { return "newer"; };
-    user.window.grdServers.SetRow(1);
-    user.window.grdServers.SetCol(1);
     user.window.grdServers.DblClick.Raise();
     return "older";
   };

@@ -65,7 +65,7 @@ SCENARIOS = {
   signal INT                    | ends 0; setting LastListFile=~/program/Lists/new.kvl
 """,
 "BytesThatAreNoText": r"""
-  run setxkbmap fr
+  keyboard fr
   list ~/é.kvl ÿ,0.0.0.0,x,Enabled,y
   settings AutoLoadList=1
   start                         | at main

@@ -48,7 +48,7 @@ class [[nodiscard]] DescriptorWaits::Wait {
 
   bool await_ready() const noexcept { return false; }
   bool await_suspend(std::coroutine_handle<> work);
-  bool await_resume() const noexcept { return readable_; }
+  [[nodiscard]] bool await_resume() const noexcept { return readable_; }
 
  private:
   friend DescriptorWaits;

@@ -16,8 +16,8 @@ namespace kestrava {
 class LinuxFileWorker final : public FileWorker {
  public:
   struct Patience {
-    std::chrono::milliseconds moment{300};      ///< for which the caller simply waits
-    std::chrono::milliseconds longest{10'000};  ///< after which a job has failed (ETIMEDOUT)
+    std::chrono::milliseconds moment = kShortWait;
+    std::chrono::milliseconds longest = kLongestJob;  ///< the job's error is ETIMEDOUT then
   };
 
   explicit LinuxFileWorker(DescriptorWaits& waits) : LinuxFileWorker(waits, Patience()) {}
@@ -28,13 +28,13 @@ class LinuxFileWorker final : public FileWorker {
   Task<> Run(std::string name, AtEnd atEnd, Job job) override;
 
  private:
-  struct Errand;
+  struct RunningJob;
 
-  std::shared_ptr<Errand> Send(std::string name, AtEnd atEnd, Job job);
+  std::shared_ptr<RunningJob> Send(std::string name, AtEnd atEnd, Job job);
 
   DescriptorWaits& waits_;
   const Patience patience_;
-  std::vector<std::shared_ptr<Errand>> underWay_;  ///< and some that are done
+  std::vector<std::shared_ptr<RunningJob>> underWay_;  ///< and some that are done
 };
 
 }  // namespace kestrava

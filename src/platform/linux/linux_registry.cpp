@@ -1,23 +1,10 @@
 #include "platform/linux/linux_registry.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include "platform/linux/browser_program.h"
 
 namespace kestrava {
-
-namespace {
-
-/// From winerror.h of the Windows SDK, as those of the interface.
-constexpr std::int32_t ERROR_INVALID_HANDLE = 6;
-
-/// A buffer is as large as its length says, but never larger than it is.
-std::size_t Room(std::int32_t length, std::size_t size) {
-  return std::min(static_cast<std::size_t>(std::max(length, 0)), size);
-}
-
-}  // namespace
 
 std::int32_t LinuxRegistry::RegOpenKeyExA(std::int32_t key, const std::string& name, std::int32_t,
                                           std::int32_t, std::int32_t& opened) {
@@ -38,7 +25,8 @@ std::int32_t LinuxRegistry::RegEnumValueA(std::int32_t key, std::int32_t index,
   if (index != 0) return ERROR_NO_MORE_ITEMS;
   const std::string& value = found->second;
   const std::size_t size = value.size() + 1;
-  const bool fits = Room(nameLength, name.size()) > 0 && Room(dataLength, data.size()) >= size;
+  const bool fits =
+      UsedRoom(nameLength, name.size()) > 0 && UsedRoom(dataLength, data.size()) >= size;
   dataLength = static_cast<std::int32_t>(size);
   if (!fits) return ERROR_MORE_DATA;
   name.front() = '\0';

@@ -7,16 +7,9 @@
 #include <sys/timerfd.h>
 #include <system_error>
 
-#include "platform/net/dotted_address.h"
-#include "platform/runtime_error.h"
-
 namespace kestrava {
 
 namespace {
-
-/// Room for one lost SYN, which is sent again after one second (RFC 6298).
-constexpr std::chrono::seconds kLongestConnecting{2};
-constexpr std::chrono::seconds kLongestAttempt{3};
 
 /// @return 0, or the number of the error.
 int Watch(const FileDescriptor& events, int operation, const FileDescriptor& watched,
@@ -40,61 +33,39 @@ LinuxRemoteDesktop::LinuxRemoteDesktop(std::uint16_t port)
   }
 }
 
-std::int16_t LinuxRemoteDesktop::Connected() {
-  if (state_ == State::Dropped) {
-    state_ = State::Idle;
-    throw RuntimeError(kErrorPeerDropped, "the peer dropped the connection before its answer");
-  }
-  if (UnderWay()) return 2;
-  return state_ == State::Standing ? 1 : 0;
-}
-
-void LinuxRemoteDesktop::Connect() {
-  End(State::Idle);
-  const auto address = ParseDottedAddress(server_);
-  if (!address || !IsMachineAddress(*address)) {
-    throw RuntimeError(kErrorInvalidCall, "no machine's address: " + server_);
-  }
-  StartConnecting(*address);
-}
-
-/// An attempt that fails at once has failed like any other: nothing is under way afterwards.
-void LinuxRemoteDesktop::StartConnecting(std::uint32_t address) {
+bool LinuxRemoteDesktop::StartConnecting(std::uint32_t address) {
   sockaddr_in peer{};
   peer.sin_family = AF_INET;
   peer.sin_port = htons(port_);
   peer.sin_addr.s_addr = address;
   FileDescriptor socket(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
-  if (!socket) return;
+  if (!socket) return false;
   if (connect(socket.Number(), reinterpret_cast<const sockaddr*>(&peer), sizeof peer) != 0 &&
       errno != EINPROGRESS) {
-    return;
+    return false;
   }
-  if (Watch(events_, EPOLL_CTL_ADD, socket, EPOLLOUT) != 0) return;
+  if (Watch(events_, EPOLL_CTL_ADD, socket, EPOLLOUT) != 0) return false;
   socket_ = std::move(socket);
-  replySize_ = 0;
-  state_ = State::Connecting;
-  start_ = std::chrono::steady_clock::now();
-  SetTimer(kLongestConnecting);
+  return true;
 }
 
 void LinuxRemoteDesktop::Dispatch() noexcept {
   std::array<epoll_event, 2> waiting;
   const int count =
       epoll_wait(events_.Number(), waiting.data(), static_cast<int>(waiting.size()), 0);
-  const State before = state_;
+  const State before = CurrentState();
   bool timeIsUp = false;
   for (int index = 0; index < count; ++index) {
     if (waiting[static_cast<std::size_t>(index)].data.fd == timer_.Number()) {
       timeIsUp = true;
-    } else if (state_ == State::Connecting) {
+    } else if (CurrentState() == State::Connecting) {
       Negotiate();
-    } else if (state_ == State::Negotiating) {
+    } else if (CurrentState() == State::Negotiating) {
       ReadConfirm();
     }
   }
   // What has just come counts, even if the program was kept from looking until time was up.
-  if (timeIsUp && state_ == before && UnderWay()) End(State::Idle);
+  if (timeIsUp && CurrentState() == before && UnderWay()) End(State::Idle);
 }
 
 void LinuxRemoteDesktop::Negotiate() {
@@ -109,38 +80,14 @@ void LinuxRemoteDesktop::Negotiate() {
   }
   error = Watch(events_, EPOLL_CTL_MOD, socket_, EPOLLIN);
   if (error != 0) return EndByError(error);
-  state_ = State::Negotiating;
-  SetTimer(kLongestAttempt);
+  StartNegotiating();
 }
 
 void LinuxRemoteDesktop::ReadConfirm() {
-  const ssize_t size =
-      recv(socket_.Number(), reply_.data() + replySize_, reply_.size() - replySize_, 0);
-  if (size == 0) return End(State::Dropped);
-  if (size < 0) {
-    if (!MustWait(errno)) EndByError(errno);
-    return;
-  }
-  replySize_ += static_cast<std::size_t>(size);
-  switch (JudgeConfirm(std::span(reply_).first(replySize_))) {
-    case ConfirmState::Incomplete:
-      break;
-    case ConfirmState::Confirm:
-      StopTimer();
-      // The peer may close at once: its answer has come, and nothing more is wanted of it.
-      epoll_ctl(events_.Number(), EPOLL_CTL_DEL, socket_.Number(), nullptr);
-      state_ = State::Standing;
-      break;
-    case ConfirmState::NotRdp:
-      End(State::Idle);
-      break;
-  }
-}
-
-void LinuxRemoteDesktop::End(State state) {
-  socket_.Close();
-  StopTimer();
-  state_ = state;
+  const auto room = ReplyRoom();
+  const ssize_t size = recv(socket_.Number(), room.data(), room.size(), 0);
+  if (size >= 0) return TakeReply(static_cast<std::size_t>(size));
+  if (!MustWait(errno)) EndByError(errno);
 }
 
 void LinuxRemoteDesktop::EndByError(int error) {
@@ -148,19 +95,23 @@ void LinuxRemoteDesktop::EndByError(int error) {
   End(peerDropped ? State::Dropped : State::Idle);
 }
 
-/// Makes the timer poll readable so long after the attempt's start, and no sooner.
-void LinuxRemoteDesktop::SetTimer(std::chrono::seconds sinceStart) {
+/// The timer polls readable then, and no sooner.
+void LinuxRemoteDesktop::SetLimit(Deadline deadline) {
   using namespace std::chrono;
-  const nanoseconds due = (start_ + sinceStart).time_since_epoch();
+  const nanoseconds due = deadline.time_since_epoch();
   const auto wholeSeconds = floor<seconds>(due);
   const itimerspec time{{}, {wholeSeconds.count(), (due - wholeSeconds).count()}};
   timerfd_settime(timer_.Number(), TFD_TIMER_ABSTIME, &time, nullptr);
 }
 
-/// It no longer polls readable.
-void LinuxRemoteDesktop::StopTimer() {
+/// The timer no longer polls readable.
+void LinuxRemoteDesktop::StopLimit() {
   const itimerspec never{};
   timerfd_settime(timer_.Number(), 0, &never, nullptr);
+}
+
+void LinuxRemoteDesktop::StopListening() {
+  epoll_ctl(events_.Number(), EPOLL_CTL_DEL, socket_.Number(), nullptr);
 }
 
 }  // namespace kestrava

@@ -12,20 +12,20 @@ namespace kestrava {
 
 namespace {
 
-std::function<void()> lastWords;
-QtMessageHandler present = nullptr;
+std::function<void()> onLoss;
+QtMessageHandler previousHandler = nullptr;
 
-void SayLastWords() {
-  if (const auto words = std::exchange(lastWords, nullptr)) words();
+void RunOnce() {
+  if (const auto run = std::exchange(onLoss, nullptr)) run();
 }
 
 /// With X, both the toolkit and Xlib end the process by exit(3). With Wayland it is _exit(2), which
 /// asks nobody, and all that comes ahead of it is a message (Qt 6.4, qwaylanddisplay.cpp).
-void Hear(QtMsgType type, const QMessageLogContext& context, const QString& message) {
-  present(type, context, message);
+void HandleMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+  previousHandler(type, context, message);
   if (!message.startsWith(QStringLiteral("The Wayland connection "))) return;
   if (QThread::currentThread() == QCoreApplication::instance()->thread()) {
-    SayLastWords();
+    RunOnce();
   } else {
     // A thread that reads for the toolkit was first. The program's own meets the same error at
     // once.
@@ -35,15 +35,15 @@ void Hear(QtMsgType type, const QMessageLogContext& context, const QString& mess
 
 }  // namespace
 
-DisplayLoss::DisplayLoss(std::function<void()> words) {
-  lastWords = std::move(words);
-  present = qInstallMessageHandler(Hear);
-  std::atexit(SayLastWords);
+DisplayLoss::DisplayLoss(std::function<void()> lost) {
+  onLoss = std::move(lost);
+  previousHandler = qInstallMessageHandler(HandleMessage);
+  std::atexit(RunOnce);
 }
 
 DisplayLoss::~DisplayLoss() {
-  qInstallMessageHandler(present);
-  lastWords = nullptr;
+  qInstallMessageHandler(previousHandler);
+  onLoss = nullptr;
 }
 
 }  // namespace kestrava

@@ -38,7 +38,6 @@ class LinuxDesktop {
   LinuxProcesses& Programs() { return processes_; }
   QtEventLoop& EventLoop() { return eventLoop_; }
   QtWindowSystem& Windows() { return windows_; }
-  LinuxNotificationArea& NotificationArea() { return notificationArea_; }
 
  private:
   LinuxClock clock_;

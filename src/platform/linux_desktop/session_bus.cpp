@@ -17,7 +17,7 @@ constexpr const char* kLateConnection = "late session bus";
 /// What the toolkit asks and waits for, in Qt 6.4: the assistive technologies, a global menu bar, a
 /// tray.
 constexpr const char* kServices[] = {"org.a11y.Bus", "com.canonical.AppMenu.Registrar",
-                                     "org.kde.StatusNotifierWatcher"};
+                                     kStatusNotifierWatcher};
 
 /// A bus at work answers within a millisecond, on a machine that is starting up within some
 /// hundred.

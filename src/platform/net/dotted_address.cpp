@@ -5,6 +5,8 @@
 #include <bit>
 #include <charconv>
 
+#include "platform/ascii.h"
+
 namespace kestrava {
 
 namespace {
@@ -13,8 +15,6 @@ constexpr std::size_t kMostDigits = 3;
 
 /// The four numbers in the order in which they are written, which is network byte order.
 using Parts = std::array<std::uint8_t, 4>;
-
-bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
 /// Takes one number off the front of `text`.
 std::optional<std::uint8_t> TakePart(std::string_view& text) {
@@ -30,10 +30,7 @@ std::optional<std::uint8_t> TakePart(std::string_view& text) {
 }  // namespace
 
 std::optional<std::uint32_t> ParseDottedAddress(std::string_view text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == text.npos) return std::nullopt;
-  text = text.substr(first, text.find_last_not_of(' ') + 1 - first);
-
+  text = WithoutBlanks(text);
   Parts address{};
   for (std::size_t index = 0; index < address.size(); ++index) {
     if (index > 0) {

@@ -12,20 +12,8 @@ namespace kestrava {
 
 namespace {
 
-constexpr int kFrameMilliseconds = 16;
 constexpr std::int32_t kNothingFirst = std::numeric_limits<std::int32_t>::max();
 constexpr std::int32_t kNothingLast = -1;
-
-QString LampMeaning(Color color) {
-  switch (color) {
-    case kGreen:
-      return QStringLiteral("Online");
-    case kRed:
-      return QStringLiteral("Offline");
-    default:
-      return QStringLiteral("Unchecked");
-  }
-}
 
 QVariant LampData(Color color, int role) {
   if (role == Qt::AccessibleTextRole || role == Qt::ToolTipRole) return LampMeaning(color);
@@ -41,9 +29,8 @@ GridModel::GridModel(MSFlexGrid& grid)
       rows_(grid.Rows() - 1),
       columns_(grid.Cols() - 1),
       firstChanged_(kNothingFirst),
-      lastChanged_(kNothingLast) {
-  grid.SetObserver(this);
-}
+      lastChanged_(kNothingLast),
+      observation_(grid.ObserveCells(*this)) {}
 
 void GridModel::CatchUp() {
   frame_.stop();
@@ -67,8 +54,7 @@ void GridModel::CatchUp() {
 }
 
 void GridModel::Detach() {
-  if (!grid_) return;
-  grid_->SetObserver(nullptr);
+  observation_ = {};
   grid_ = nullptr;
   frame_.stop();
 }
@@ -116,7 +102,7 @@ void GridModel::ShapeChanged() {
 void GridModel::NoteRows(std::int32_t first, std::int32_t last) {
   firstChanged_ = std::min(firstChanged_, first);
   lastChanged_ = std::max(lastChanged_, last);
-  if (!frame_.isActive()) frame_.start(kFrameMilliseconds, this);
+  if (!frame_.isActive()) frame_.start(kViewFrameMilliseconds, this);
 }
 
 void GridModel::CatchUpRows(int rows) {

@@ -61,6 +61,7 @@ class GridModel final : public QAbstractTableModel, private GridObserver {
   std::int32_t firstChanged_;
   std::int32_t lastChanged_;
   std::int32_t firstColumnChanged_ = 0;
+  Observation<GridObserver*> observation_;
 };
 
 }  // namespace kestrava

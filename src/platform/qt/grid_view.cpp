@@ -77,13 +77,13 @@ void GridView::mousePressEvent(QMouseEvent* event) {
   pressedAt_ = event->timestamp();
   model_.CatchUp();
   QTableView::mousePressEvent(event);
-  if (indexAt(event->position().toPoint()).isValid()) TakeCurrentIndex();
+  if (indexAt(event->position().toPoint()).isValid()) ChooseCurrentIndex();
 }
 
 void GridView::mouseMoveEvent(QMouseEvent* event) {
   const QModelIndex before = currentIndex();
   QTableView::mouseMoveEvent(event);
-  if (currentIndex() != before) TakeCurrentIndex();
+  if (currentIndex() != before) ChooseCurrentIndex();
 }
 
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -102,7 +102,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return RaiseDoubleClick();
   const QModelIndex before = currentIndex();
   QTableView::keyPressEvent(event);
-  if (currentIndex() != before) TakeCurrentIndex();
+  if (currentIndex() != before) ChooseCurrentIndex();
 }
 
 bool GridView::eventFilter(QObject* watched, QEvent* event) {
@@ -121,7 +121,7 @@ void GridView::rowsInserted(const QModelIndex& parent, int first, int last) {
 
 void GridView::FollowShape() {
   ApplyColumnWidths();
-  FollowChosenRow();
+  FollowUserCell();
 }
 
 void GridView::ApplyColumnWidths() {
@@ -151,42 +151,36 @@ int GridView::WidthFor(const TwipScale& scale, int column) const {
                    sample.empty() ? 0 : CellDelegate::WidthFor(ToShown(sample), *this) + slack});
 }
 
-void GridView::FollowChosenRow() {
-  if (!grid_ || !chosenRow_) return;
-  const auto row = grid_->RowOf(*chosenRow_);
-  if (!row) {
-    chosenRow_.reset();
+void GridView::FollowUserCell() {
+  if (!grid_ || !hasUserCell_) return;
+  const auto cell = grid_->UserCell();
+  if (!cell) {
+    hasUserCell_ = false;
     selectionModel()->clear();
     return;
   }
-  if (*row == currentIndex().row() + 1) return;
+  if (cell->row == currentIndex().row() + 1) return;
   // The rows on the screen stay where they are.
   setAutoScroll(false);
-  setCurrentIndex(model_.index(*row - 1, std::max(currentIndex().column(), 0)));
+  setCurrentIndex(model_.index(cell->row - 1, std::max(currentIndex().column(), 0)));
   setAutoScroll(true);
 }
 
-bool GridView::TakeCursor(int gridRow, int gridColumn) {
-  if (!grid_ || gridRow >= grid_->Rows() || gridColumn >= grid_->Cols()) return false;
-  grid_->SetRow(gridRow);
-  grid_->SetCol(gridColumn);
-  return true;
-}
-
-bool GridView::TakeCurrentIndex() {
-  const int row = currentIndex().row() + 1;
-  if (!TakeCursor(row, currentIndex().column() + 1)) return false;
-  chosenRow_ = grid_->Bookmark(row);
+bool GridView::ChooseCurrentIndex() {
+  if (!grid_ || !grid_->ChooseCell(currentIndex().row() + 1, currentIndex().column() + 1)) {
+    return false;
+  }
+  hasUserCell_ = true;
   return true;
 }
 
 void GridView::RaiseDoubleClick() {
-  if (currentIndex().isValid() && TakeCurrentIndex()) grid_->DblClick.Raise();
+  if (currentIndex().isValid() && ChooseCurrentIndex()) grid_->DblClick.Raise();
 }
 
 void GridView::ClickFixedCell(int gridRow, int gridColumn) {
-  TakeCursor(gridRow, gridColumn);
-  chosenRow_.reset();
+  if (grid_) grid_->ChooseCell(gridRow, gridColumn);
+  hasUserCell_ = false;
   clearSelection();
 }
 

@@ -10,9 +10,9 @@
 
 namespace kestrava {
 
-/// Shows a grid and lets the user scroll it, move its cursor and drag its columns wider. The
-/// program's own cursor moves don't touch the cell that the user has chosen; it goes with its row
-/// when rows above it go, and is chosen no more when its row goes.
+/// Shows a grid and lets the user scroll it, choose a cell and drag its columns wider. The cell
+/// that shows as chosen is the grid's `UserCell`, not its current one: it stays where it is while
+/// the program works in others, moves with its row when rows above it go, and goes with its row.
 class GridView final : public QTableView {
   Q_OBJECT
 
@@ -46,11 +46,9 @@ class GridView final : public QTableView {
   void FollowShape();
   void ApplyColumnWidths();
   int WidthFor(const TwipScale& scale, int column) const;
-  /// Keeps the user's choice on its row.
-  void FollowChosenRow();
-  /// False, with the cursor where it was, if there is no such cell any more.
-  bool TakeCursor(int gridRow, int gridColumn);
-  bool TakeCurrentIndex();
+  void FollowUserCell();
+  /// The user has chosen the cell at the view's current index. @return whether it is there.
+  bool ChooseCurrentIndex();
   /// Tells the program that the user wants to act on the current cell.
   void RaiseDoubleClick();
   void ClickFixedCell(int gridRow, int gridColumn);
@@ -66,7 +64,7 @@ class GridView final : public QTableView {
   /// The widths last taken from the grid, in twips, so that a width dragged by the user stays until
   /// the program sets one; -1 for one to be taken.
   std::vector<std::int32_t> appliedWidths_;
-  std::optional<RowBookmark> chosenRow_;  ///< of the cell that the user has chosen
+  bool hasUserCell_ = false;  ///< the grid had a user's cell when the view last looked
 };
 
 }  // namespace kestrava

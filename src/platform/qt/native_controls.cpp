@@ -4,11 +4,12 @@
 #include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <limits>
 
 #include "platform/flex_grid.h"
 #include "platform/qt/check_box_look.h"
-#include "platform/qt/check_list_view.h"
+#include "platform/qt/check_list_model.h"
 #include "platform/qt/grid_view.h"
 #include "platform/qt/native_labels.h"
 #include "platform/qt/text.h"
@@ -23,40 +24,40 @@ constexpr QSize kPictureSize(128, 128);
 /// Shows the control's state by `widget`, and what is its own by `show`, now and after each change,
 /// until `link` goes.
 template <typename Show>
-void Mirror(Control& control, QObject& link, QWidget* widget, Show show) {
+void Mirror(Control& control, Link& link, QWidget* widget, Show show) {
   const auto showAll = [=, &control] {
     widget->setEnabled(control.Enabled());
     widget->setVisible(control.Visible());
     show();
   };
   showAll();
-  control.Observe(showAll);
-  QObject::connect(&link, &QObject::destroyed, &link, [&control] { control.Observe({}); });
+  link.Keep(control.Observe(showAll));
 }
 
-void Mirror(Control& control, QObject& link, QWidget* widget) {
+void Mirror(Control& control, Link& link, QWidget* widget) {
   Mirror(control, link, widget, [] {});
 }
 
-QWidget* MakeButton(Button& button, QObject& link, QWidget* parent) {
+QWidget* MakeButton(Button& button, Link& link, QWidget* parent) {
   auto* widget = new WrappingButton(parent);
   widget->setText(ToShown(button.Spec().caption));
   // Enter presses the button that has the focus, in a main window too.
   widget->setAutoDefault(true);
-  QObject::connect(widget, &QPushButton::clicked, &link, [&button] { button.Press(); });
+  QObject::connect(widget, &QPushButton::clicked, link.Context(), [&button] { button.Press(); });
   Mirror(button, link, widget);
   return widget;
 }
 
-QWidget* MakeLabel(Label& label, QObject& link, QWidget* parent) {
+QWidget* MakeLabel(Label& label, Link& link, QWidget* parent) {
   auto* widget = new NativeLabel(label, parent);
-  QObject::connect(widget, &QLabel::linkActivated, &link, [&label] { label.Click.Raise(); });
+  QObject::connect(widget, &QLabel::linkActivated, link.Context(),
+                   [&label] { label.Click.Raise(); });
   Mirror(label, link, widget, [widget] { widget->ShowLabel(); });
   return widget;
 }
 
 /// The program's icon, as large as the place allows.
-QWidget* MakePicture(Control& picture, QObject& link, QWidget* parent) {
+QWidget* MakePicture(Control& picture, Link& link, QWidget* parent) {
   auto* widget = new QLabel(parent);
   widget->setPixmap(QApplication::windowIcon().pixmap(kPictureSize));
   widget->setScaledContents(true);
@@ -65,19 +66,22 @@ QWidget* MakePicture(Control& picture, QObject& link, QWidget* parent) {
   return widget;
 }
 
-QWidget* MakeCheckList(CheckList& list, QObject& link, QWidget* parent) {
-  auto* widget = new CheckListView(list, parent);
-  CheckListModel& model = widget->Model();
-  QObject::connect(&link, &QObject::destroyed, &model, &CheckListModel::Detach);
-  Mirror(list, link, widget, [&model] { model.NoteChange(); });
+QWidget* MakeCheckList(CheckList& list, Link& link, QWidget* parent) {
+  auto* widget = new QListView(parent);
+  auto* model = new CheckListModel(list, widget);
+  widget->setModel(model);
+  widget->setItemDelegate(new CheckEntryDelegate(widget));
+  widget->setUniformItemSizes(true);
+  QObject::connect(link.Context(), &QObject::destroyed, model, &CheckListModel::Detach);
+  Mirror(list, link, widget, [model] { model->NoteChange(); });
   return widget;
 }
 
-QWidget* MakeTextBox(TextBox& textBox, QObject& link, QWidget* parent) {
+QWidget* MakeTextBox(TextBox& textBox, Link& link, QWidget* parent) {
   auto* widget = new QLineEdit(parent);
   widget->setMaxLength(std::numeric_limits<int>::max());
   // Only what the user edits is written back, so that the program's own bytes stay as they are.
-  QObject::connect(widget, &QLineEdit::textEdited, &link,
+  QObject::connect(widget, &QLineEdit::textEdited, link.Context(),
                    [&textBox](const QString& text) { textBox.SetText(LineToBytes(text)); });
   Mirror(textBox, link, widget, [widget, &textBox] {
     // What the user is typing stays as typed.
@@ -86,23 +90,23 @@ QWidget* MakeTextBox(TextBox& textBox, QObject& link, QWidget* parent) {
   return widget;
 }
 
-QWidget* MakeCheckBox(CheckBox& checkBox, QObject& link, QWidget* parent) {
+QWidget* MakeCheckBox(CheckBox& checkBox, Link& link, QWidget* parent) {
   auto* widget = new VisibleCheckBox(ToShown(checkBox.Spec().caption), parent);
-  QObject::connect(widget, &QCheckBox::toggled, &link,
+  QObject::connect(widget, &QCheckBox::toggled, link.Context(),
                    [&checkBox](bool checked) { checkBox.SetChecked(checked); });
   Mirror(checkBox, link, widget, [widget, &checkBox] { widget->setChecked(checkBox.Checked()); });
   return widget;
 }
 
-QWidget* MakeGrid(MSFlexGrid& grid, QObject& link, QWidget* parent) {
+QWidget* MakeGrid(MSFlexGrid& grid, Link& link, QWidget* parent) {
   auto* widget = new GridView(grid, parent);
   widget->setAccessibleName("Connections");
-  QObject::connect(&link, &QObject::destroyed, widget, &GridView::Detach);
+  QObject::connect(link.Context(), &QObject::destroyed, widget, &GridView::Detach);
   Mirror(grid, link, widget);
   return widget;
 }
 
-QWidget* MakeWidget(Control& control, QObject& link, QWidget* parent) {
+QWidget* MakeWidget(Control& control, Link& link, QWidget* parent) {
   switch (control.Spec().kind) {
     case ControlKind::Grid:
       return MakeGrid(static_cast<MSFlexGrid&>(control), link, parent);
@@ -126,7 +130,7 @@ QWidget* MakeWidget(Control& control, QObject& link, QWidget* parent) {
 
 }  // namespace
 
-QWidget* MakeNativeControl(Control& control, QObject& link, QWidget* parent) {
+QWidget* MakeNativeControl(Control& control, Link& link, QWidget* parent) {
   QWidget* widget = MakeWidget(control, link, parent);
   if (widget) widget->setObjectName(control.Spec().name);
   return widget;

@@ -3,13 +3,14 @@
 #include <QWidget>
 
 #include "platform/control.h"
+#include "platform/qt/link.h"
 #include "platform/twips.h"
 
 namespace kestrava {
 
 /// Makes the widget of `control`, which shows the control's state for as long as `link` lives and
 /// feeds the user's input back to it. Gives nullptr for a control that is never shown.
-QWidget* MakeNativeControl(Control& control, QObject& link, QWidget* parent);
+QWidget* MakeNativeControl(Control& control, Link& link, QWidget* parent);
 
 /// Whether nothing that the widget shows at all times is cut when it has this size.
 bool FitsInto(const QWidget& widget, const QSize& size);

@@ -16,12 +16,11 @@ void Show(const MenuEntry& entry, QAction& action) {
   action.setChecked(entry.Checked());
 }
 
-void Mirror(MenuEntry& entry, QObject& link, QAction& action) {
+void Mirror(MenuEntry& entry, Link& link, QAction& action) {
   action.setObjectName(entry.Spec().name);
   Show(entry, action);
-  entry.Observe([&entry, &action] { Show(entry, action); });
-  QObject::connect(&link, &QObject::destroyed, &link, [&entry] { entry.Observe({}); });
-  QObject::connect(&action, &QAction::triggered, &link, [&entry, &action] {
+  link.Keep(entry.Observe([&entry, &action] { Show(entry, action); }));
+  QObject::connect(&action, &QAction::triggered, link.Context(), [&entry, &action] {
     // The toolkit has flipped the check mark already, but the mark is the program's to set.
     Show(entry, action);
     entry.Click.Raise();
@@ -30,7 +29,7 @@ void Mirror(MenuEntry& entry, QObject& link, QAction& action) {
 
 }  // namespace
 
-void BuildMenu(const Form& form, QObject& link, QMenuBar& bar, QActionGroup& commands) {
+void BuildMenu(const Form& form, Link& link, QMenuBar& bar, QActionGroup& commands) {
   commands.setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
   // The toolkit opens menus by Alt alone.
   new QShortcut(Qt::Key_F10, &bar, [&bar] { bar.setActiveAction(bar.actions().value(0)); });

@@ -10,11 +10,9 @@ NativeTimer::NativeTimer(Timer& timer, QObject* parent) : QObject(parent), timer
   wait_.setSingleShot(true);
   wait_.setTimerType(Qt::PreciseTimer);
   connect(&wait_, &QTimer::timeout, this, &NativeTimer::Raise);
-  timer_.Observe([this] { Follow(); });
+  observation_ = timer_.Observe([this] { Follow(); });
   Follow();
 }
-
-NativeTimer::~NativeTimer() { timer_.Observe({}); }
 
 void NativeTimer::Follow() {
   const milliseconds interval(timer_.Interval());

@@ -14,7 +14,6 @@ class NativeTimer final : public QObject {
 
  public:
   NativeTimer(Timer& timer, QObject* parent);
-  ~NativeTimer() override;
 
  private:
   void Follow();
@@ -22,6 +21,7 @@ class NativeTimer final : public QObject {
   void Raise();
 
   Timer& timer_;
+  Observation<> observation_;
   QTimer wait_;
   std::chrono::milliseconds interval_{};
   std::chrono::steady_clock::time_point due_;  ///< of the next tick

@@ -32,7 +32,7 @@ NativeWindow::NativeWindow(Form& form, QWidget* owner)
     : form_(&form),
       area_(new QWidget),
       widget_(MakeWindow(form.Spec().style, owner, area_)),
-      link_(std::make_unique<QObject>()) {
+      link_(std::make_unique<Link>()) {
   const FormSpec& spec = form.Spec();
   widget_->layout()->setSizeConstraint(QLayout::SetFixedSize);
   widget_->setObjectName(spec.name);
@@ -45,8 +45,8 @@ NativeWindow::NativeWindow(Form& form, QWidget* owner)
   ChainTabOrder();
   NameForScreenReaders();
   Arrange();
-  for (Timer* timer : form.Timers()) new NativeTimer(*timer, link_.get());
-  form.Observe([this] { ShowForm(); });
+  for (Timer* timer : form.Timers()) new NativeTimer(*timer, link_->Context());
+  link_->Keep(form.Observe([this] { ShowForm(); }));
   ShowForm();
 }
 
@@ -67,7 +67,6 @@ QSize NativeWindow::OuterSize() const {
 
 void NativeWindow::Detach() {
   link_.reset();
-  form_->Observe({});
   widget_->hide();
 }
 

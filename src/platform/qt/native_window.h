@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/form.h"
+#include "platform/qt/link.h"
 #include "platform/twips.h"
 
 namespace kestrava {
@@ -95,8 +96,7 @@ class NativeWindow final : public QObject {
   bool framed_ = false;             ///< the frame is known and reckoned with
   std::optional<QPoint> hiddenAt_;  ///< where the frame was when the window was hidden
   QActionGroup commands_{nullptr};  ///< those that must not run beside a dialog
-  /// What connects the widgets with the form is cut when it goes.
-  std::unique_ptr<QObject> link_;
+  std::unique_ptr<Link> link_;      ///< of form and widgets; nullptr once they are apart
 };
 
 }  // namespace kestrava

@@ -12,9 +12,6 @@ namespace {
 
 using std::chrono::steady_clock;
 
-constexpr std::chrono::milliseconds kLongestRest(10);
-constexpr std::chrono::microseconds kSparedFor(100);
-
 constexpr auto kTurnEvent = QEvent::User;
 
 }  // namespace

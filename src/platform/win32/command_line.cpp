@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "platform/program_title.h"
 #include "platform/win32/wide_text.h"
 #include "platform/win32/windows_api.h"
 
@@ -20,7 +21,7 @@ bool Tell(Answer kind, const std::string& text) {
   const bool isError = kind == Answer::Error;
   const HANDLE reader = GetStdHandle(isError ? STD_ERROR_HANDLE : STD_OUTPUT_HANDLE);
   if (!reader || GetFileType(reader) == FILE_TYPE_UNKNOWN) {
-    MessageBoxW(nullptr, ToWide(text).c_str(), L"Kestrava",
+    MessageBoxW(nullptr, ToWide(text).c_str(), ToWide(kProgramTitle).c_str(),
                 MB_SETFOREGROUND | (isError ? MB_ICONERROR : MB_OK));
     return true;
   }

@@ -34,17 +34,6 @@ bool RunsRightToLeft(const std::wstring& text) {
 
 }  // namespace
 
-std::wstring LampMeaning(Color color) {
-  switch (color) {
-    case kGreen:
-      return L"Online";
-    case kRed:
-      return L"Offline";
-    default:
-      return L"Unchecked";
-  }
-}
-
 void PaintLamp(HDC screen, const RECT& place, Color color) {
   Fill(screen, place, GetSysColor(COLOR_BTNFACE));
   if (color == kNoColor) return;

@@ -14,9 +14,6 @@ enum class CellState {
   InUse,     ///< the user's cell, to which the keys go
 };
 
-/// What a lamp tells, for those who don't see its colour.
-std::wstring LampMeaning(Color color);
-
 /// Each fills `place` in the user's own colours.
 void PaintLamp(HDC screen, const RECT& place, Color color);
 void PaintCell(HDC screen, const RECT& place, const std::wstring& text, CellState state);

@@ -12,7 +12,6 @@ namespace kestrava {
 namespace {
 
 constexpr UINT_PTR kFrameTimer = 1;
-constexpr UINT kFrameMilliseconds = 16;
 constexpr std::int32_t kNothingFirst = std::numeric_limits<std::int32_t>::max();
 constexpr std::int32_t kNothingLast = -1;
 
@@ -26,15 +25,13 @@ GridView::GridView(MSFlexGrid& grid, HWND window, int id)
       firstChanged_(kNothingFirst),
       lastChanged_(kNothingLast) {
   SetWindowTextW(Handle(), kName);
-  grid.SetObserver(this);
+  observation_ = grid.ObserveCells(*this);
   ShapeChanged();
 }
 
-GridView::~GridView() { GridView::Leave(); }
-
-void GridView::Leave() {
-  if (auto* grid = As<MSFlexGrid>()) grid->SetObserver(nullptr);
-  ListView::Leave();
+void GridView::Detach() {
+  observation_ = {};
+  ListView::Detach();
 }
 
 void GridView::SetScale(const TwipScale& scale, unsigned dotsPerInch, const UiFont& font) {
@@ -83,9 +80,7 @@ LRESULT GridView::TakeOther(NMHDR& note) {
     case NM_CUSTOMDRAW:
       return Draw(reinterpret_cast<NMLVCUSTOMDRAW&>(note));
     case LVN_COLUMNCLICK:
-      Deselect();
-      chosenRow_.reset();
-      TakeCursor(0, reinterpret_cast<const NMLISTVIEW&>(note).iSubItem);
+      ChooseHeading(0, reinterpret_cast<const NMLISTVIEW&>(note).iSubItem);
       break;
     default:
       break;
@@ -106,7 +101,7 @@ void GridView::NoteRows(std::int32_t first, std::int32_t last) {
   firstChanged_ = std::min(firstChanged_, first);
   lastChanged_ = std::max(lastChanged_, last);
   if (frameIsDue_) return;
-  frameIsDue_ = SetTimer(Handle(), kFrameTimer, kFrameMilliseconds, nullptr) != 0;
+  frameIsDue_ = SetTimer(Handle(), kFrameTimer, kViewFrameMilliseconds, nullptr) != 0;
 }
 
 void GridView::CatchUp() {
@@ -128,7 +123,7 @@ void GridView::CatchUpRows() {
   const std::int32_t before = std::exchange(rows_, rows);
   if (rows == before) return;
   SetCount(rows - 1);
-  FollowChosenRow();
+  FollowUserCell();
   InvalidateRect(Handle(), nullptr, FALSE);
   if (rows == before + 1) Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(rows - 2), FALSE);
 }
@@ -142,23 +137,22 @@ bool GridView::HasRoom(const TwipScale& scale) const {
   return !grid || GridColumns::HaveRoom(*grid, scale, Font());
 }
 
-void GridView::FollowChosenRow() {
-  const auto* grid = As<MSFlexGrid>();
-  if (!chosenRow_) return;
-  const auto row = grid->RowOf(*chosenRow_);
-  if (!row) {
-    chosenRow_.reset();
+void GridView::FollowUserCell() {
+  if (!hasUserCell_) return;
+  const auto cell = As<MSFlexGrid>()->UserCell();
+  if (!cell) {
+    hasUserCell_ = false;
     return Deselect();
   }
   // The rows on the screen stay where they are.
-  if (*row != FocusedItem() + 1) FocusItem(*row - 1);
+  if (cell->row != FocusedItem() + 1) FocusItem(cell->row - 1);
 }
 
 std::wstring GridView::CellText(std::int32_t row, std::int32_t col) const {
   const auto* grid = As<MSFlexGrid>();
   if (!grid || row >= grid->Rows() || col >= grid->Cols()) return {};
-  return col == 0 ? LampMeaning(grid->BackColorAt(row, 0))
-                  : ToShownLine(grid->TextViewAt(row, col));
+  return ToShownLine(col == 0 ? LampMeaning(grid->BackColorAt(row, 0))
+                              : grid->TextViewAt(row, col));
 }
 
 LRESULT GridView::Draw(NMLVCUSTOMDRAW& drawing) const {
@@ -220,10 +214,7 @@ void GridView::TakePress(POINT position) {
   if (!hit) return;
   if (hit->iSubItem == 0) {
     FocusItem(hit->iItem);
-    Deselect();
-    chosenRow_.reset();
-    TakeCursor(hit->iItem + 1, 0);
-    return;
+    return ChooseHeading(hit->iItem + 1, 0);
   }
   column_ = hit->iSubItem;
   FocusItem(hit->iItem);
@@ -257,17 +248,16 @@ void GridView::ShowCell(int item) {
 }
 
 bool GridView::Choose(int item) {
-  if (!TakeCursor(item + 1, column_)) return false;
-  chosenRow_ = As<MSFlexGrid>()->Bookmark(item + 1);
+  auto* grid = As<MSFlexGrid>();
+  if (!grid || !grid->ChooseCell(item + 1, column_)) return false;
+  hasUserCell_ = true;
   return true;
 }
 
-bool GridView::TakeCursor(std::int32_t row, std::int32_t col) {
-  auto* grid = As<MSFlexGrid>();
-  if (!grid || row >= grid->Rows() || col >= grid->Cols()) return false;
-  grid->SetRow(row);
-  grid->SetCol(col);
-  return true;
+void GridView::ChooseHeading(std::int32_t row, std::int32_t col) {
+  Deselect();
+  hasUserCell_ = false;
+  if (auto* grid = As<MSFlexGrid>()) grid->ChooseCell(row, col);
 }
 
 void GridView::RaiseDoubleClick() {

@@ -13,15 +13,14 @@ namespace kestrava {
 /// one, in which the lamps stand. So row `r` of the grid is item `r - 1`, and columns are the same.
 ///
 /// A running check pass writes many cells between two frames of the screen. The view only notes
-/// which rows have changed, and catches up once for each frame. The program's own cursor moves
-/// don't touch the cell that the user has chosen; it goes with its row when rows above it go, and
-/// is chosen no more when its row goes.
+/// which rows have changed, and catches up once for each frame. The cell that shows as chosen is
+/// the grid's `UserCell`, not its current one: it stays where it is while the program works in
+/// others, moves with its row when rows above it go, and goes with its row.
 class GridView final : public ListView, private GridObserver {
  public:
   GridView(MSFlexGrid& grid, HWND window, int id);
-  ~GridView() override;
 
-  void Leave() override;
+  void Detach() override;
   void SetScale(const TwipScale& scale, unsigned dotsPerInch, const UiFont& font) override;
   bool HasRoom(const TwipScale& scale) const override;
 
@@ -37,8 +36,7 @@ class GridView final : public ListView, private GridObserver {
   void CatchUp();
   void CatchUpRows();
   void ShowColumns();
-  /// Keeps the user's choice on its row.
-  void FollowChosenRow();
+  void FollowUserCell();
 
   std::wstring CellText(std::int32_t row, std::int32_t col) const;
   LRESULT Draw(NMLVCUSTOMDRAW& drawing) const;
@@ -49,21 +47,21 @@ class GridView final : public ListView, private GridObserver {
   void TakePress(POINT position);
   void MoveColumn(int column);
   void ShowCell(int item);
-  /// The user has chosen the cell of that item in the user's column.
+  /// The user has chosen the cell of that item in the user's column. @return whether it is there.
   bool Choose(int item);
-  /// Makes a cell the grid's current one.
-  bool TakeCursor(std::int32_t row, std::int32_t col);
+  void ChooseHeading(std::int32_t row, std::int32_t col);
   void RaiseDoubleClick();
 
   TwipScale scale_;
   GridColumns columns_;
   int column_ = 1;  ///< of the user's cell; its row is the list's focused item
   std::int32_t rows_ = 1;
-  std::optional<RowBookmark> chosenRow_;  ///< of the user's cell
+  bool hasUserCell_ = false;  ///< the grid had a user's cell when the view last looked
   bool frameIsDue_ = false;
   bool shapeChanged_ = false;
   std::int32_t firstChanged_;
   std::int32_t lastChanged_;
+  Observation<GridObserver*> observation_;
 };
 
 }  // namespace kestrava

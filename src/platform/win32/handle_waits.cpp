@@ -15,7 +15,11 @@ constexpr UINT kEnded = WM_APP;
 
 HandleWaits::HandleWaits(Win32EventLoop& eventLoop)
     : eventLoop_(eventLoop),
-      window_([this](unsigned, std::uintptr_t number, std::intptr_t) { TakeEnd(number); }),
+      window_(MessageWindow::Kind::MessagesOnly,
+              [this](unsigned message, std::uintptr_t number, std::intptr_t) {
+                if (message == kEnded) TakeEnd(number);
+                return message == kEnded;
+              }),
       watch_(window_.Handle(), kEnded) {
   eventLoop_.Watch([this] { return !waiting_.empty(); });
 }

@@ -11,8 +11,8 @@
 
 namespace kestrava {
 
-/// Lets work wait until something of the system's is signalled, while the event loop goes on. A
-/// thread of the system's own pool watches it and posts a message.
+/// Lets work wait until something of the system's is signalled, while the event loop goes on.
+/// `HandleWatch` waits for it on a thread of its own and posts a message.
 class HandleWaits {
  public:
   class Wait;

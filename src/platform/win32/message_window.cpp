@@ -14,13 +14,15 @@ constexpr const wchar_t* kClass = L"KestravaMessages";
 
 }  // namespace
 
-MessageWindow::MessageWindow(Handler handler) : handler_(std::move(handler)) {
+MessageWindow::MessageWindow(Kind kind, Handler handler) : handler_(std::move(handler)) {
   WNDCLASSW windowClass{};
   windowClass.lpfnWndProc = &Receive;
   windowClass.hInstance = GetModuleHandleW(nullptr);
   windowClass.lpszClassName = kClass;
   RegisterClassW(&windowClass);
-  window_ = CreateWindowExW(0, kClass, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+  // A tool window has no button in the taskbar.
+  window_ = CreateWindowExW(WS_EX_TOOLWINDOW, kClass, L"", WS_POPUP, 0, 0, 0, 0,
+                            kind == Kind::MessagesOnly ? HWND_MESSAGE : nullptr, nullptr,
                             windowClass.hInstance, nullptr);
   if (!window_) {
     throw std::system_error(static_cast<int>(GetLastError()), std::system_category());
@@ -28,20 +30,22 @@ MessageWindow::MessageWindow(Handler handler) : handler_(std::move(handler)) {
   SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
-MessageWindow::~MessageWindow() { DestroyWindow(window_); }
+MessageWindow::~MessageWindow() {
+  // The handler's owner is about to go.
+  SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+  DestroyWindow(window_);
+}
 
 std::intptr_t MessageWindow::Receive(HWND window, unsigned message, std::uintptr_t wParam,
                                      std::intptr_t lParam) noexcept {
   auto* self = reinterpret_cast<MessageWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  if (!self || (message < WM_APP && message != WM_TIMER)) {
-    return DefWindowProcW(window, message, wParam, lParam);
-  }
   try {
-    self->handler_(message, wParam, lParam);
+    if (self && self->handler_(message, wParam, lParam)) return 0;
   } catch (...) {
     ReportError(std::current_exception());
+    return 0;
   }
-  return 0;
+  return DefWindowProcW(window, message, wParam, lParam);
 }
 
 }  // namespace kestrava

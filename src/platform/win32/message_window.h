@@ -11,13 +11,18 @@ namespace kestrava {
 /// inside the system's own modal waits, too.
 class MessageWindow {
  public:
-  /// Takes a message of the program's own (from WM_APP up) or WM_TIMER. An error that it lets out
-  /// is told on standard error.
+  enum class Kind {
+    MessagesOnly,  ///< hears what is sent to it alone
+    TopLevel,      ///< hears also what is told to all windows, such as the end of the session
+  };
+
+  /// Takes a message. An error that it lets out is told on standard error, and the message counts
+  /// as taken. @return whether it was one for it; the system answers any other.
   using Handler =
-      std::function<void(unsigned message, std::uintptr_t wParam, std::intptr_t lParam)>;
+      std::function<bool(unsigned message, std::uintptr_t wParam, std::intptr_t lParam)>;
 
   /// @throws std::system_error if the system has no window left for it.
-  explicit MessageWindow(Handler handler);
+  MessageWindow(Kind kind, Handler handler);
   ~MessageWindow();
   MessageWindow(const MessageWindow&) = delete;
   MessageWindow& operator=(const MessageWindow&) = delete;

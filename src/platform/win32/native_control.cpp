@@ -9,18 +9,13 @@ NativeControl::NativeControl(Control& control, HWND window, int id, const Make& 
           make.extendedStyle, make.windowClass, make.text.c_str(), make.style | WS_CHILD, 0, 0, 0,
           0, window, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr)) {}
 
-NativeControl::~NativeControl() {
-  if (control_) control_->Observe({});
-}
-
 void NativeControl::Follow() {
   ShowState();
-  control_->Observe([this] { ShowState(); });
+  observation_ = control_->Observe([this] { ShowState(); });
 }
 
-void NativeControl::Leave() {
-  if (!control_) return;
-  control_->Observe({});
+void NativeControl::Detach() {
+  observation_ = {};
   control_ = nullptr;
 }
 

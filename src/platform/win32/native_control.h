@@ -24,7 +24,7 @@ class NativeControl {
 
   /// Makes the control in `window`, which destroys it with itself. `id` is its number there.
   NativeControl(Control& control, HWND window, int id, const Make& make);
-  virtual ~NativeControl();
+  virtual ~NativeControl() = default;
   NativeControl(const NativeControl&) = delete;
   NativeControl& operator=(const NativeControl&) = delete;
 
@@ -34,7 +34,7 @@ class NativeControl {
   /// Shows the control's state from now on, after each change.
   void Follow();
   /// Leaves the control alone from now on.
-  virtual void Leave();
+  virtual void Detach();
 
   /// Takes the font and the scale of the window, before it is placed.
   virtual void SetScale(const TwipScale& scale, unsigned dotsPerInch, const UiFont& font);
@@ -66,6 +66,7 @@ class NativeControl {
 
   const ControlSpec& spec_;
   Control* control_;
+  Observation<> observation_;
   HWND handle_;
   const UiFont* font_ = nullptr;
 };

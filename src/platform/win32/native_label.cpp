@@ -27,9 +27,9 @@ class NativeLabel : public NativeControl {
   }
 
  private:
-  void Show() override { SetText(Words(ToWide(As<Label>()->Caption()))); }
+  void Show() override { SetText(TextOf(ToWide(As<Label>()->Caption()))); }
   /// The caption as this kind of control wants it.
-  virtual std::wstring Words(const std::wstring& caption) const { return caption; }
+  virtual std::wstring TextOf(const std::wstring& caption) const { return caption; }
 
   LabelLook look_;
   std::optional<UiFont> own_;
@@ -47,7 +47,7 @@ class NativeLink final : public NativeLabel {
   }
 
  private:
-  std::wstring Words(const std::wstring& caption) const override {
+  std::wstring TextOf(const std::wstring& caption) const override {
     return L"<a>" + caption + L"</a>";
   }
 };

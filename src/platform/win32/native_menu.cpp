@@ -13,7 +13,7 @@ namespace {
 /// The number of the first entry's command; controls have lower ones.
 constexpr UINT kFirstCommand = 0x1000;
 
-bool ToBeHad(const MenuEntry& entry, Commands commands) {
+bool IsAvailable(const MenuEntry& entry, Commands commands) {
   return commands == Commands::All || entry.Spec().kind == MenuKind::FreeEntry;
 }
 
@@ -63,7 +63,7 @@ void NativeMenu::Fill(HMENU menu, const MenuEntry& top, const MenuEntry* default
       continue;
     }
     UINT look = (*entry)->Checked() ? MF_CHECKED : MF_UNCHECKED;
-    if (!ToBeHad(**entry, commands)) look |= MF_GRAYED;
+    if (!IsAvailable(**entry, commands)) look |= MF_GRAYED;
     const UINT command = kFirstCommand + static_cast<UINT>(entry - entries_.begin());
     AppendMenuW(menu, look, command, CaptionOf((*entry)->Spec()).c_str());
     if (*entry == defaultEntry) SetMenuDefaultItem(menu, command, FALSE);
@@ -73,7 +73,7 @@ void NativeMenu::Fill(HMENU menu, const MenuEntry& top, const MenuEntry* default
 void NativeMenu::Run(UINT command, Commands commands) const {
   if (command < kFirstCommand || command - kFirstCommand >= entries_.size()) return;
   const MenuEntry& entry = *entries_[command - kFirstCommand];
-  if (entry.Visible() && ToBeHad(entry, commands)) entry.Click.Raise();
+  if (entry.Visible() && IsAvailable(entry, commands)) entry.Click.Raise();
 }
 
 bool NativeMenu::RunShortcut(WPARAM key, Commands commands) const {

@@ -7,7 +7,7 @@
 
 namespace kestrava {
 
-/// Which of a menu's commands are to be had.
+/// Which of a menu's commands are available.
 enum class Commands { All, FreeOnly };
 
 /// The native menus of one form: its menu bar, and each of its menus by itself. They are filled as
@@ -22,7 +22,7 @@ class NativeMenu {
   /// Fills a menu with the entries of `top`, `defaultEntry` marked where it is visible.
   void Fill(HMENU menu, const MenuEntry& top, const MenuEntry* defaultEntry,
             Commands commands) const;
-  /// Runs the command of that number, if there is such a command and it is to be had.
+  /// Runs the command of that number, if there is such a command and it is available.
   void Run(UINT command, Commands commands) const;
   /// Runs the command whose shortcut `key` is. @return whether there is one.
   bool RunShortcut(WPARAM key, Commands commands) const;

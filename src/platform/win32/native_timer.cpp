@@ -8,14 +8,11 @@ using std::chrono::steady_clock;
 
 NativeTimer::NativeTimer(Timer& timer, HWND window, UINT_PTR id)
     : timer_(timer), window_(window), id_(id) {
-  timer_.Observe([this] { Follow(); });
+  observation_ = timer_.Observe([this] { Follow(); });
   Follow();
 }
 
-NativeTimer::~NativeTimer() {
-  timer_.Observe({});
-  KillTimer(window_, id_);
-}
+NativeTimer::~NativeTimer() { KillTimer(window_, id_); }
 
 void NativeTimer::TakeEnd() {
   if (!waits_) return;

@@ -24,6 +24,7 @@ class NativeTimer {
   void WaitUntilDue();
 
   Timer& timer_;
+  Observation<> observation_;
   HWND window_;
   UINT_PTR id_;
   bool waits_ = false;

@@ -36,7 +36,7 @@ std::shared_ptr<NativeWindow> NativeWindow::Build(Form& form, HWND owner, HICON 
     window->timers_.push_back(std::make_unique<NativeTimer>(*timer, window->handle_,
                                                             kFirstTimer + window->timers_.size()));
   }
-  form.Observe([native = window.get()] { native->ShowForm(); });
+  window->observation_ = form.Observe([native = window.get()] { native->ShowForm(); });
   window->ShowForm();
   return window;
 }
@@ -67,8 +67,8 @@ NativeWindow* NativeWindow::Of(HWND handle) {
 
 void NativeWindow::Detach() {
   timers_.clear();
-  for (const auto& control : controls_) control->Leave();
-  form_->Observe({});
+  for (const auto& control : controls_) control->Detach();
+  observation_ = {};
   form_ = nullptr;
   if (shown_ && observer_.hiding) observer_.hiding();
   observer_ = {};

@@ -26,7 +26,7 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
     std::function<void()> shown;           ///< the form has become visible
     std::function<void()> hiding;          ///< it isn't any more; the window is about to go
     std::function<void()> hidden;          ///< the same, told by a message of its own later on
-    std::function<Commands()> commands;    ///< which ones are to be had now
+    std::function<Commands()> commands;    ///< which ones are available now
   };
 
   /// Builds the window, unseen. `owner` is the window that it belongs to, or nullptr. `picture` is
@@ -81,6 +81,7 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
   void TakeWindowState();
 
   Form* form_;
+  Observation<> observation_;
   Observer observer_;
   HWND handle_;
   UiFont font_;

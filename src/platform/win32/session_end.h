@@ -1,9 +1,8 @@
 #pragma once
 
-#include <cstdint>
 #include <functional>
 
-#include "platform/win32/handles.h"
+#include "platform/win32/message_window.h"
 
 namespace kestrava {
 
@@ -13,16 +12,9 @@ class SessionEnd {
   /// `ended` is called once the session ends; the process may go as soon as it returns.
   /// @throws std::system_error if the system has no window left for it.
   explicit SessionEnd(std::function<void()> ended);
-  ~SessionEnd();
-  SessionEnd(const SessionEnd&) = delete;
-  SessionEnd& operator=(const SessionEnd&) = delete;
 
  private:
-  static std::intptr_t __stdcall Receive(HWND__* window, unsigned message, std::uintptr_t wParam,
-                                         std::intptr_t lParam) noexcept;
-
-  std::function<void()> ended_;
-  HWND__* window_;  ///< never seen; windows for messages alone aren't told
+  MessageWindow window_;
 };
 
 }  // namespace kestrava

@@ -10,9 +10,6 @@ namespace kestrava {
 
 namespace {
 
-/// Characters of the longest path, with its NUL.
-constexpr std::size_t kLongestPath = 32768;
-
 /// "Description|*.x" as the system wants it: a NUL in place of the bar, and two at the end.
 std::wstring NativeFilter(const std::string& filter) {
   std::wstring native = ToWide(filter) + L'\0';

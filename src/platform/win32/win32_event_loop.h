@@ -1,14 +1,12 @@
 #pragma once
 
 #include <chrono>
-#include <cstdint>
 #include <functional>
 #include <utility>
 #include <vector>
 
 #include "platform/event_loop.h"
-
-struct HWND__;
+#include "platform/win32/message_window.h"
 
 namespace kestrava {
 
@@ -18,9 +16,6 @@ class Win32EventLoop final : public EventLoop {
  public:
   /// @throws std::system_error if the system has no window left for it.
   Win32EventLoop();
-  ~Win32EventLoop() override;
-  Win32EventLoop(const Win32EventLoop&) = delete;
-  Win32EventLoop& operator=(const Win32EventLoop&) = delete;
 
   /// `isUnderWay` says whether an echo or an attempt of its kind is under way, so that a turn
   /// rests.
@@ -36,9 +31,6 @@ class Win32EventLoop final : public EventLoop {
   bool HasEnded() const { return ended_; }
 
  private:
-  static std::intptr_t __stdcall Receive(HWND__* window, unsigned message, std::uintptr_t wParam,
-                                         std::intptr_t lParam);
-
   bool TurnIsSpared() override;
   void BeginTurn() override;
   void Rest();
@@ -46,7 +38,7 @@ class Win32EventLoop final : public EventLoop {
   void FinishTurn();
   bool AnyUnderWay() const;
 
-  HWND__* window_;
+  MessageWindow window_;
   std::vector<std::function<bool()>> watched_;
   std::chrono::steady_clock::time_point lastTurn_;
   bool rests_ = false;

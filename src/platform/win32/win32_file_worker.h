@@ -21,12 +21,12 @@ class Win32FileWorker final : public FileWorker {
   Task<> Run(std::string name, AtEnd atEnd, Job job) override;
 
  private:
-  struct Errand;
+  struct RunningJob;
 
-  std::shared_ptr<Errand> Send(std::string name, AtEnd atEnd, Job job);
+  std::shared_ptr<RunningJob> Send(std::string name, AtEnd atEnd, Job job);
 
   HandleWaits& waits_;
-  std::vector<std::shared_ptr<Errand>> underWay_;  ///< and some that are done
+  std::vector<std::shared_ptr<RunningJob>> underWay_;  ///< and some that are done
 };
 
 }  // namespace kestrava

@@ -13,7 +13,6 @@ namespace kestrava {
 namespace {
 
 constexpr IcmpHandle kNoHandle = 0;
-constexpr std::int32_t kNoRoundTrip = 10000;
 
 /// The system ends an echo by itself when its time is up.
 constexpr std::chrono::seconds kGrace(5);
@@ -78,7 +77,7 @@ Task<std::uint32_t> Win32Icmp::IcmpSendEcho(IcmpHandle handle, std::int32_t addr
                                             std::uint32_t replySize,
                                             std::uint32_t timeoutMilliseconds) {
   reply = EchoReply{};
-  reply.RoundTripTime = kNoRoundTrip;
+  reply.RoundTripTime = kRoundTripWithoutReply;
   const auto fail = [&reply](std::int32_t status) {
     reply.Status = status;
     return 0U;
@@ -123,8 +122,8 @@ Task<std::uint32_t> Win32Icmp::IcmpSendEcho(IcmpHandle handle, std::int32_t addr
   }
   reply.Address = native.Address;
   reply.Status = kEchoSuccess;
-  reply.RoundTripTime =
-      static_cast<std::int32_t>(std::min<std::uint32_t>(native.RoundTripTime, kNoRoundTrip - 1));
+  reply.RoundTripTime = static_cast<std::int32_t>(
+      std::min<std::uint32_t>(native.RoundTripTime, kRoundTripWithoutReply - 1));
   reply.DataSize = static_cast<std::int16_t>(size);
   reply.Options.Ttl = native.Options.Ttl;
   reply.Options.Tos = native.Options.Tos;

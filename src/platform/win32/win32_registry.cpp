@@ -1,6 +1,5 @@
 #include "platform/win32/win32_registry.h"
 
-#include <algorithm>
 #include <cstring>
 #include <vector>
 
@@ -11,13 +10,7 @@ namespace kestrava {
 
 namespace {
 
-constexpr std::int32_t kInvalidHandle = 6;  // ERROR_INVALID_HANDLE
-constexpr DWORD kLongestName = 16384;       // characters of a value's name, with its NUL
-
-/// A buffer is as large as its length says, but never larger than it is.
-std::size_t Room(std::int32_t length, std::size_t size) {
-  return std::min(static_cast<std::size_t>(std::max(length, 0)), size);
-}
+constexpr DWORD kLongestName = 16384;  // characters of a value's name, with its NUL
 
 }  // namespace
 
@@ -41,7 +34,7 @@ std::int32_t Win32Registry::RegEnumValueA(std::int32_t key, std::int32_t index,
                                           std::span<char> name, std::int32_t& nameLength,
                                           std::int32_t& type, std::span<std::byte> data,
                                           std::int32_t& dataLength) {
-  const std::size_t room = Room(dataLength, data.size());
+  const std::size_t room = UsedRoom(dataLength, data.size());
   std::vector<wchar_t> nativeName(kLongestName);
   std::vector<wchar_t> nativeData(room + 1);
   DWORD nativeNameLength = kLongestName;
@@ -61,7 +54,7 @@ std::int32_t Win32Registry::RegEnumValueA(std::int32_t key, std::int32_t index,
     bytes.assign(reinterpret_cast<const char*>(nativeData.data()), nativeSize);
   }
   const std::string nameBytes = ToBytes({nativeName.data(), nativeNameLength});
-  const bool fits = Room(nameLength, name.size()) > nameBytes.size() && room >= bytes.size();
+  const bool fits = UsedRoom(nameLength, name.size()) > nameBytes.size() && room >= bytes.size();
   dataLength = static_cast<std::int32_t>(bytes.size());
   if (!fits) return ERROR_MORE_DATA;
   std::memcpy(name.data(), nameBytes.c_str(), nameBytes.size() + 1);
@@ -72,7 +65,7 @@ std::int32_t Win32Registry::RegEnumValueA(std::int32_t key, std::int32_t index,
 
 std::int32_t Win32Registry::RegCloseKey(std::int32_t key) {
   const auto found = open_.find(key);
-  if (found == open_.end()) return kInvalidHandle;
+  if (found == open_.end()) return ERROR_INVALID_HANDLE;
   const LONG result = ::RegCloseKey(found->second);
   open_.erase(found);
   return result;

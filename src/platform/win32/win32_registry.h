@@ -20,9 +20,6 @@ class Win32Registry final : public Registry {
 
   std::int32_t RegOpenKeyExA(std::int32_t key, const std::string& name, std::int32_t options,
                              std::int32_t access, std::int32_t& opened) override;
-
-  /// The name is filled with its closing NUL, which needs room but doesn't count in its length. Of
-  /// a value that doesn't fit (ERROR_MORE_DATA), `dataLength` tells the size that it needs.
   std::int32_t RegEnumValueA(std::int32_t key, std::int32_t index, std::span<char> name,
                              std::int32_t& nameLength, std::int32_t& type,
                              std::span<std::byte> data, std::int32_t& dataLength) override;

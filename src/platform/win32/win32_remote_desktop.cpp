@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/net/dotted_address.h"
-#include "platform/runtime_error.h"
 #include "platform/win32/windows_api.h"
 
 namespace kestrava {
@@ -13,13 +11,7 @@ namespace {
 
 using std::chrono::steady_clock;
 
-/// The TCP port of Remote Desktop ([MS-RDPBCGR] 2.1).
-constexpr std::uint16_t kRemoteDesktopPort = 3389;
 constexpr WORD kSocketsVersion = MAKEWORD(2, 2);
-
-/// Room for one lost SYN, which is sent again after one second (RFC 6298).
-constexpr std::chrono::seconds kLongestConnecting{2};
-constexpr std::chrono::seconds kLongestAttempt{3};
 constexpr UINT_PTR kLimitTimer = 1;
 
 /// Each attempt has the next one of these messages: one that still waits belongs to no other.
@@ -30,17 +22,20 @@ constexpr unsigned kLastMessage = 0xBFFF;
 
 Win32RemoteDesktop::Win32RemoteDesktop(Win32EventLoop& eventLoop)
     : eventLoop_(eventLoop),
-      window_([this](unsigned message, std::uintptr_t, std::intptr_t lParam) {
-        const bool rests = eventLoop_.Rests();
-        TakeMessage(message, lParam);
-        if (rests) eventLoop_.EndRest();
-      }),
+      window_(MessageWindow::Kind::MessagesOnly,
+              [this](unsigned message, std::uintptr_t, std::intptr_t lParam) {
+                if (message != WM_TIMER && message < kFirstMessage) return false;
+                const bool rests = eventLoop_.Rests();
+                TakeMessage(message, lParam);
+                if (rests) eventLoop_.EndRest();
+                return true;
+              }),
       socketMessage_(kFirstMessage),
       socket_(INVALID_SOCKET) {
   ::WSADATA data{};
   // Where there are no sockets, none can be made, and an attempt fails at once.
   ::WSAStartup(kSocketsVersion, &data);
-  eventLoop_.Watch([this] { return UnderWay(); });
+  eventLoop_.Watch([this] { return IsUnderWay(); });
 }
 
 Win32RemoteDesktop::~Win32RemoteDesktop() {
@@ -48,53 +43,32 @@ Win32RemoteDesktop::~Win32RemoteDesktop() {
   ::WSACleanup();
 }
 
-std::int16_t Win32RemoteDesktop::Connected() {
-  if (state_ == State::Dropped) {
-    state_ = State::Idle;
-    throw RuntimeError(kErrorPeerDropped, "the peer dropped the connection before its answer");
-  }
-  if (UnderWay()) return 2;
-  return state_ == State::Standing ? 1 : 0;
-}
-
-void Win32RemoteDesktop::Connect() {
-  End(State::Idle);
-  const auto address = ParseDottedAddress(server_);
-  if (!address || !IsMachineAddress(*address)) {
-    throw RuntimeError(kErrorInvalidCall, "no machine's address: " + server_);
-  }
-  StartConnecting(*address);
-}
-
-/// An attempt that fails at once has failed like any other: nothing is under way afterwards.
-void Win32RemoteDesktop::StartConnecting(std::uint32_t address) {
+bool Win32RemoteDesktop::StartConnecting(std::uint32_t address) {
   sockaddr_in peer{};
   peer.sin_family = AF_INET;
   peer.sin_port = htons(kRemoteDesktopPort);
   peer.sin_addr.s_addr = address;
   socket_ = WSASocketW(AF_INET, SOCK_STREAM, IPPROTO_TCP, nullptr, 0,
                        WSA_FLAG_OVERLAPPED | WSA_FLAG_NO_HANDLE_INHERIT);
-  if (socket_ == INVALID_SOCKET) return;
+  if (socket_ == INVALID_SOCKET) return false;
   socketMessage_ = socketMessage_ == kLastMessage ? kFirstMessage : socketMessage_ + 1;
   // It also keeps the socket's calls from waiting.
   if (WSAAsyncSelect(socket_, window_.Handle(), socketMessage_, FD_CONNECT | FD_READ | FD_CLOSE) !=
           0 ||
       (connect(socket_, reinterpret_cast<const sockaddr*>(&peer), sizeof peer) != 0 &&
        WSAGetLastError() != WSAEWOULDBLOCK)) {
-    return End(State::Idle);
+    CloseSocket();
+    return false;
   }
-  replySize_ = 0;
-  state_ = State::Connecting;
-  start_ = steady_clock::now();
-  SetLimit(kLongestConnecting);
+  return true;
 }
 
 void Win32RemoteDesktop::TakeMessage(unsigned message, std::intptr_t lParam) {
   if (message == WM_TIMER) return TakeTimer();
   if (message != socketMessage_) return;
-  if (state_ == State::Connecting && WSAGETSELECTEVENT(lParam) == FD_CONNECT) {
+  if (CurrentState() == State::Connecting && WSAGETSELECTEVENT(lParam) == FD_CONNECT) {
     Negotiate(WSAGETSELECTERROR(lParam));
-  } else if (state_ == State::Negotiating) {
+  } else if (CurrentState() == State::Negotiating) {
     ReadConfirm();
   }
 }
@@ -102,8 +76,9 @@ void Win32RemoteDesktop::TakeMessage(unsigned message, std::intptr_t lParam) {
 /// What has come counts, even if the program was kept from looking until time was up: messages of
 /// the socket come ahead of those of timers.
 void Win32RemoteDesktop::TakeTimer() {
-  if (!UnderWay()) return;
-  if (steady_clock::now() < limit_) return SetLimit(std::chrono::seconds(0));
+  if (!IsUnderWay()) return;
+  // The system's clock for timers is coarse.
+  if (steady_clock::now() < limit_) return SetLimit(limit_);
   End(State::Idle);
 }
 
@@ -114,39 +89,16 @@ void Win32RemoteDesktop::Negotiate(int error) {
            static_cast<int>(kConnectionRequest.size()), 0) < 0) {
     return EndByError(WSAGetLastError());
   }
-  state_ = State::Negotiating;
-  SetLimit(kLongestAttempt);
+  StartNegotiating();
 }
 
 void Win32RemoteDesktop::ReadConfirm() {
-  const int size = recv(socket_, reinterpret_cast<char*>(reply_.data() + replySize_),
-                        static_cast<int>(reply_.size() - replySize_), 0);
-  if (size == 0) return End(State::Dropped);
-  if (size < 0) {
-    const int error = WSAGetLastError();
-    if (error != WSAEWOULDBLOCK) EndByError(error);
-    return;
-  }
-  replySize_ += static_cast<std::size_t>(size);
-  switch (JudgeConfirm(std::span(reply_).first(replySize_))) {
-    case ConfirmState::Incomplete:
-      break;
-    case ConfirmState::Confirm:
-      KillTimer(window_.Handle(), kLimitTimer);
-      // The peer may close at once: its answer has come, and nothing more is wanted of it.
-      WSAAsyncSelect(socket_, window_.Handle(), 0, 0);
-      state_ = State::Standing;
-      break;
-    case ConfirmState::NotRdp:
-      End(State::Idle);
-      break;
-  }
-}
-
-void Win32RemoteDesktop::End(State state) {
-  if (socket_ != INVALID_SOCKET) closesocket(std::exchange(socket_, INVALID_SOCKET));
-  KillTimer(window_.Handle(), kLimitTimer);
-  state_ = state;
+  const auto room = ReplyRoom();
+  const int size =
+      recv(socket_, reinterpret_cast<char*>(room.data()), static_cast<int>(room.size()), 0);
+  if (size >= 0) return TakeReply(static_cast<std::size_t>(size));
+  const int error = WSAGetLastError();
+  if (error != WSAEWOULDBLOCK) EndByError(error);
 }
 
 void Win32RemoteDesktop::EndByError(int error) {
@@ -154,12 +106,19 @@ void Win32RemoteDesktop::EndByError(int error) {
   End(peerDropped ? State::Dropped : State::Idle);
 }
 
-/// `sinceStart` of 0 leaves the limit as it is.
-void Win32RemoteDesktop::SetLimit(std::chrono::seconds sinceStart) {
-  if (sinceStart.count() != 0) limit_ = start_ + sinceStart;
+void Win32RemoteDesktop::SetLimit(Deadline deadline) {
+  limit_ = deadline;
   const auto rest = std::chrono::ceil<std::chrono::milliseconds>(limit_ - steady_clock::now());
   SetTimer(window_.Handle(), kLimitTimer,
            static_cast<UINT>(std::max<std::int64_t>(rest.count(), 0)), nullptr);
+}
+
+void Win32RemoteDesktop::StopLimit() { KillTimer(window_.Handle(), kLimitTimer); }
+
+void Win32RemoteDesktop::StopListening() { WSAAsyncSelect(socket_, window_.Handle(), 0, 0); }
+
+void Win32RemoteDesktop::CloseSocket() {
+  if (socket_ != INVALID_SOCKET) closesocket(std::exchange(socket_, INVALID_SOCKET));
 }
 
 }  // namespace kestrava

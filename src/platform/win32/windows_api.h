@@ -25,6 +25,9 @@
 #include <shlwapi.h>
 // clang-format on
 
+/// Characters of the longest path, with its NUL.
+inline constexpr unsigned kLongestPath = 32768;
+
 // platform/file_system.h
 #undef DeleteFile
 
@@ -35,6 +38,7 @@
 #undef REG_DWORD
 #undef ERROR_SUCCESS
 #undef ERROR_FILE_NOT_FOUND
+#undef ERROR_INVALID_HANDLE
 #undef ERROR_MORE_DATA
 #undef ERROR_NO_MORE_ITEMS
 

@@ -9,7 +9,6 @@ namespace kestrava {
 namespace {
 
 std::string ProgramFolder() {
-  constexpr std::size_t kLongestPath = 32768;  // characters, with the NUL
   std::wstring path(kLongestPath, L'\0');
   const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
   path.resize(length);

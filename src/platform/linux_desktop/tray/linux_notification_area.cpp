@@ -1,39 +1,12 @@
 #include "platform/linux_desktop/tray/linux_notification_area.h"
 
-#include <algorithm>
-#include <string_view>
-
 #include "platform/qt/text.h"
 
 namespace kestrava {
 
-namespace {
-
-/// The part of a text field that lies within the record.
-template <std::size_t kWidth>
-std::string_view Readable(const NOTIFYICONDATA& record, const char (&field)[kWidth]) {
-  const auto offset = static_cast<std::size_t>(field - reinterpret_cast<const char*>(&record));
-  const auto size = static_cast<std::size_t>(record.cbSize);
-  return {field, size > offset ? std::min(kWidth, size - offset) : 0};
-}
-
-bool KnownSize(std::int32_t size) {
-  return size == kNotifyIconSizeWhole || size == kNotifyIconSizeWithBalloon ||
-         size == kNotifyIconSizeIconOnly;
-}
-
-}  // namespace
-
-void LinuxNotificationArea::ExportMenu(Form& form, const MenuEntry& menu,
-                                       const MenuEntry& defaultEntry) {
-  makeMenu_ = [this, &form, &menu, &defaultEntry] {
-    return messages_.MakeMenu(form, menu, defaultEntry);
-  };
-}
-
 std::int32_t LinuxNotificationArea::Shell_NotifyIconA(std::int32_t message,
                                                       const NOTIFYICONDATA& record) {
-  if (!KnownSize(record.cbSize)) return 0;
+  if (!HasKnownSize(record)) return 0;
   const bool known = icon_ && icon_->window == record.hWnd && icon_->id == record.uID;
   if (message == NIM_ADD) {
     const QWidget* owner = messages_.WindowOf(record.hWnd);
@@ -58,7 +31,8 @@ std::int32_t LinuxNotificationArea::Shell_NotifyIconA(std::int32_t message,
 }
 
 void LinuxNotificationArea::Add(const NOTIFYICONDATA& record, const QWidget& owner) {
-  icon_ = std::make_unique<Icon>(record, makeMenu_, owner);
+  const auto makeMenu = [this] { return messages_.MakeIconMenu(); };
+  icon_ = std::make_unique<Icon>(record, makeMenu, owner);
   QObject::connect(&icon_->shown, &TrayIcon::ContextRequested, &icon_->shown,
                    [this] { Tell(WM_RBUTTONUP); });
   QObject::connect(&icon_->balloon, &Balloon::Clicked, &icon_->balloon,
@@ -69,13 +43,13 @@ void LinuxNotificationArea::Add(const NOTIFYICONDATA& record, const QWidget& own
 void LinuxNotificationArea::Modify(const NOTIFYICONDATA& record) {
   if (record.uFlags & NIF_MESSAGE) icon_->callbackMessage = record.uCallbackMessage;
   if (record.uFlags & NIF_ICON) icon_->shown.SetIcon(messages_.IconOf(record.hIcon));
-  if (record.uFlags & NIF_TIP) icon_->shown.SetTip(ToShownField(Readable(record, record.szTip)));
+  if (record.uFlags & NIF_TIP) icon_->shown.SetTip(ToShownField(PresentPart(record, record.szTip)));
   if (!(record.uFlags & NIF_INFO) || record.cbSize < kNotifyIconSizeWithBalloon) return;
-  const QString body = ToShownField(Readable(record, record.szInfo));
+  const QString body = ToShownField(PresentPart(record, record.szInfo));
   if (body.isEmpty()) {
     icon_->balloon.Hide();
   } else {
-    const QString title = ToShownField(Readable(record, record.szInfoTitle));
+    const QString title = ToShownField(PresentPart(record, record.szInfoTitle));
     const QIcon picture = record.dwInfoFlags == NIIF_USER ? icon_->shown.Icon() : QIcon();
     icon_->balloon.Show(title, body, picture, icon_->shown.Geometry());
   }

@@ -11,14 +11,11 @@
 namespace kestrava {
 
 /// The notification area of the desktop. It has room for one icon. What the user does there comes
-/// to the icon's window as a message.
+/// to the icon's window as a message, and desktops that draw the icon's menu themselves get that of
+/// `WindowMessages::SetIconMenu`.
 class LinuxNotificationArea final : public NotificationArea {
  public:
   explicit LinuxNotificationArea(QtWindowMessages& messages) : messages_(messages) {}
-
-  /// Gives the icon a menu for desktops that draw it themselves: the same that
-  /// `WindowMessages::PopupMenu` shows. To be called before the icon is added.
-  void ExportMenu(Form& form, const MenuEntry& menu, const MenuEntry& defaultEntry);
 
   std::int32_t Shell_NotifyIconA(std::int32_t message, const NOTIFYICONDATA& record) override;
 
@@ -39,7 +36,6 @@ class LinuxNotificationArea final : public NotificationArea {
   void Tell(std::int32_t event);
 
   QtWindowMessages& messages_;
-  TrayIcon::MakeMenu makeMenu_ = [] { return nullptr; };
   std::unique_ptr<Icon> icon_;
 };
 

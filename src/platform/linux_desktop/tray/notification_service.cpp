@@ -23,12 +23,6 @@ constexpr const char* kDefaultAction = "default";
 /// action.
 constexpr const char* kDefaultLabel = "Show Kestrava";
 
-/// After this time without an answer the service is taken for failed.
-constexpr std::chrono::milliseconds kPatience = 1s;
-
-/// For so long a late answer is still understood.
-constexpr std::chrono::milliseconds kLatestAnswer = 10min;
-
 /// The program closes its notifications itself. This is for one that it leaves behind.
 constexpr std::chrono::milliseconds kExpiry = 10s;
 
@@ -45,7 +39,7 @@ QDBusMessage Call(const char* method, const QVariantList& arguments) {
 
 NotificationService::NotificationService() {
   patience_.setSingleShot(true);
-  patience_.setInterval(kPatience);
+  patience_.setInterval(kServicePatience);
   connect(&patience_, &QTimer::timeout, this, &NotificationService::Fail);
 }
 
@@ -116,10 +110,10 @@ void NotificationService::TakeCapabilities(const QStringList& capabilities, cons
     return;
   }
   if (capabilities.contains("body-markup")) body = body.toHtmlEscaped();
-  QVariantMap hints = {{"desktop-entry", "kestrava"}, {"transient", true}};
+  QVariantMap hints = {{"desktop-entry", kProgramName}, {"transient", true}};
   if (!picture.isNull()) hints.insert("image-data", NotificationPicture(picture));
   const int expiry = static_cast<int>(kExpiry.count());
-  const QVariantList arguments = {kProgramTitle, id_,   "kestrava",
+  const QVariantList arguments = {kProgramTitle, id_,   kProgramName,
                                   title,         body,  QStringList{kDefaultAction, kDefaultLabel},
                                   hints,         expiry};
   Ask("Notify", arguments, [this, request = requestId_](const QDBusMessage& answer) {
@@ -130,14 +124,14 @@ void NotificationService::TakeCapabilities(const QStringList& capabilities, cons
       Fail();
     } else {
       id_ = id;
-      shower_ = answer.service();
+      shownBy_ = answer.service();
       patience_.stop();
     }
   });
 }
 
 bool NotificationService::IsOurs(uint id, const QDBusMessage& signal) const {
-  return id != 0 && id == id_ && signal.service() == shower_;
+  return id != 0 && id == id_ && signal.service() == shownBy_;
 }
 
 void NotificationService::TakeClick(uint id, const QString& action, const QDBusMessage& signal) {

@@ -58,7 +58,7 @@ class NotificationService final : public QObject {
   bool wanted_ = false;  ///< a notification is up or asked for
   Take takeReply_;       ///< takes the reply that is pending; empty where none is
   uint id_ = 0;          ///< of the notification that is up; 0 for none
-  QString shower_;       ///< the unique bus name of whoever shows it
+  QString shownBy_;      ///< the unique bus name of whoever shows it
 };
 
 }  // namespace kestrava

@@ -6,7 +6,6 @@
 #include <QDBusPendingCallWatcher>
 #include <QGuiApplication>
 #include <QtEndian>
-#include <chrono>
 
 #include "platform/linux_desktop/session_bus.h"
 
@@ -14,18 +13,10 @@ namespace kestrava {
 
 namespace {
 
-using namespace std::chrono_literals;
-
 // Names from the StatusNotifierItem document of freedesktop.org, as the desktops have them.
 constexpr const char* kPath = "/StatusNotifierItem";
-constexpr const char* kWatcher = "org.kde.StatusNotifierWatcher";
-constexpr const char* kWatcherPath = "/StatusNotifierWatcher";
 /// What stands for no menu.
 constexpr const char* kNoMenu = "/NO_DBUSMENU";
-
-/// After this time without an answer the icon is taken for unseen, for so long a late one counts.
-constexpr std::chrono::milliseconds kPatience = 1s;
-constexpr std::chrono::milliseconds kLatestAnswer = 10min;
 
 /// The sizes in which desktops show such icons, once and twice as fine.
 constexpr int kSizes[] = {16, 22, 24, 32, 48};
@@ -42,7 +33,7 @@ StatusNotifierItem::StatusNotifierItem(const QIcon& icon, const QString& tip, co
       kPath, this,
       QDBusConnection::ExportScriptableContents | QDBusConnection::ExportAllProperties);
   patience_.setSingleShot(true);
-  patience_.setInterval(kPatience);
+  patience_.setInterval(kServicePatience);
   connect(&patience_, &QTimer::timeout, this, &StatusNotifierItem::NotTaken);
   Register();
 }
@@ -81,8 +72,9 @@ void StatusNotifierItem::ContextMenu(int, int) { emit ContextRequested(); }
 
 void StatusNotifierItem::Register() {
   QDBusConnection bus = SessionBus();
-  QDBusMessage request = QDBusMessage::createMethodCall(kWatcher, kWatcherPath, kWatcher,
-                                                        "RegisterStatusNotifierItem");
+  QDBusMessage request =
+      QDBusMessage::createMethodCall(kStatusNotifierWatcher, kStatusNotifierWatcherPath,
+                                     kStatusNotifierWatcher, "RegisterStatusNotifierItem");
   request.setArguments({bus.baseService()});
   request.setAutoStartService(false);
   auto* answer = new QDBusPendingCallWatcher(

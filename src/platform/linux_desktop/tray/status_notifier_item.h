@@ -9,6 +9,7 @@
 
 #include "platform/linux_desktop/tray/bus_structure.h"
 #include "platform/linux_desktop/tray/exported_menu.h"
+#include "platform/program_title.h"
 
 namespace kestrava {
 
@@ -61,7 +62,7 @@ class StatusNotifierItem final : public QObject {
   void SetTip(const QString& tip);
 
   QString Category() const { return "ApplicationStatus"; }
-  QString Id() const { return "kestrava"; }
+  QString Id() const { return kProgramName; }
   QString Title() const;
   QString Status() const { return "Active"; }
   int WindowId() const { return 0; }

@@ -4,7 +4,6 @@
 #include <QDBusMessage>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
-#include <chrono>
 
 #include "platform/linux_desktop/session_bus.h"
 
@@ -12,23 +11,15 @@ namespace kestrava {
 
 namespace {
 
-using namespace std::chrono_literals;
-
-// Names from the StatusNotifierItem document of freedesktop.org, as the desktops have them.
-constexpr const char* kService = "org.kde.StatusNotifierWatcher";
-constexpr const char* kPath = "/StatusNotifierWatcher";
+constexpr const char* kService = kStatusNotifierWatcher;
+constexpr const char* kPath = kStatusNotifierWatcherPath;
 constexpr const char* kHostProperty = "IsStatusNotifierHostRegistered";
-
-constexpr std::chrono::milliseconds kPatience = 1s;
-
-/// For so long a late answer counts.
-constexpr std::chrono::milliseconds kLatestAnswer = 10min;
 
 }  // namespace
 
 StatusNotifierWatch::StatusNotifierWatch() {
   patience_.setSingleShot(true);
-  patience_.setInterval(kPatience);
+  patience_.setInterval(kServicePatience);
   connect(&patience_, &QTimer::timeout, this, [this] { Become(Host::Silent); });
 
   QDBusConnection bus = SessionBus();

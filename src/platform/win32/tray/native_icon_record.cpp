@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <string>
-#include <string_view>
 
 #include "platform/win32/program_icon.h"
 #include "platform/win32/wide_text.h"
@@ -11,15 +10,11 @@ namespace kestrava {
 
 namespace {
 
-/// Puts the part of a text field that lies within the record into the system's own field.
+/// Puts a text field of the record, as far as it is there, into the system's own field.
 template <std::size_t kWidth, std::size_t kNativeWidth>
 void Translate(const NOTIFYICONDATA& record, const char (&field)[kWidth],
                wchar_t (&native)[kNativeWidth]) {
-  const auto offset = static_cast<std::size_t>(field - reinterpret_cast<const char*>(&record));
-  const auto size = static_cast<std::size_t>(record.cbSize);
-  if (size <= offset) return;
-  const std::string_view readable(field, std::min(kWidth, size - offset));
-  const std::wstring text = ToShownField(readable);
+  const std::wstring text = ToShownField(PresentPart(record, field));
   native[text.copy(native, kNativeWidth - 1)] = L'\0';
 }
 
@@ -29,11 +24,6 @@ void Copy(const char (&from)[kWidth], char (&to)[kWidth]) {
 }
 
 }  // namespace
-
-bool KnownIconRecord(const NOTIFYICONDATA& record) {
-  return record.cbSize == kNotifyIconSizeWhole || record.cbSize == kNotifyIconSizeWithBalloon ||
-         record.cbSize == kNotifyIconSizeIconOnly;
-}
 
 NOTIFYICONDATAW NativeIconRecord(const NOTIFYICONDATA& record, HWND window) {
   NOTIFYICONDATAW native{};

@@ -8,9 +8,6 @@ namespace kestrava {
 /// By which the taskbar tells what happened at the icon.
 inline constexpr UINT kNativeCallback = WM_APP;
 
-/// Whether the record has one of the lengths that there are.
-bool KnownIconRecord(const NOTIFYICONDATA& record);
-
 /// The record as this system lays it out, field by field: its handles are longer, and so the same
 /// length would name another version of it. Only the fields within `cbSize` count; in the shortest
 /// form there is no balloon. `window` gets the icon's messages.

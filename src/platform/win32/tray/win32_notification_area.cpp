@@ -10,7 +10,6 @@ namespace kestrava {
 
 namespace {
 
-constexpr const wchar_t* kClass = L"KestravaIcon";
 constexpr UINT_PTR kRetryTimer = 1;
 constexpr UINT kRetryMilliseconds = 2000;
 
@@ -24,49 +23,34 @@ UINT TaskbarCreated() {
   return message;
 }
 
-LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  auto* area = reinterpret_cast<Win32NotificationArea*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  if (area && message == kNativeCallback) {
-    area->TakeEvent(static_cast<std::int32_t>(lParam));
-    return 0;
-  }
-  if (area && (message == TaskbarCreated() || (message == WM_TIMER && wParam == kRetryTimer))) {
-    area->ShowAgain();
-    return 0;
-  }
-  return DefWindowProcW(window, message, wParam, lParam);
-}
-
-HWND MakeHelper() {
-  WNDCLASSW windowClass{};
-  windowClass.lpfnWndProc = Procedure;
-  windowClass.hInstance = GetModuleHandleW(nullptr);
-  windowClass.lpszClassName = kClass;
-  RegisterClassW(&windowClass);
-  return CreateWindowExW(WS_EX_TOOLWINDOW, kClass, L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
-                         windowClass.hInstance, nullptr);
-}
-
 }  // namespace
 
 Win32NotificationArea::Win32NotificationArea(Win32WindowMessages& messages)
-    : messages_(messages), window_(MakeHelper()) {
-  SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    : messages_(messages),
+      window_(MessageWindow::Kind::TopLevel, [this](unsigned message, std::uintptr_t wParam,
+                                                    std::intptr_t lParam) {
+        if (message == kNativeCallback) {
+          TakeEvent(static_cast<std::int32_t>(lParam));
+        } else if (message == TaskbarCreated() || (message == WM_TIMER && wParam == kRetryTimer)) {
+          ShowAgain();
+        } else {
+          return false;
+        }
+        return true;
+      }) {
   // A program that runs with more rights than the taskbar is told as well.
-  ChangeWindowMessageFilterEx(window_, TaskbarCreated(), MSGFLT_ALLOW, nullptr);
-  messages_.SetHelper(window_);
+  ChangeWindowMessageFilterEx(window_.Handle(), TaskbarCreated(), MSGFLT_ALLOW, nullptr);
+  messages_.SetHelper(window_.Handle());
 }
 
 Win32NotificationArea::~Win32NotificationArea() {
-  SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
-  if (icon_) Tell(NIM_DELETE, NativeIconRecord(*icon_, window_));
+  if (icon_) Tell(NIM_DELETE, NativeIconRecord(*icon_, window_.Handle()));
   messages_.SetHelper(nullptr);
-  DestroyWindow(window_);
 }
 
 std::int32_t Win32NotificationArea::Shell_NotifyIconA(std::int32_t message,
                                                       const NOTIFYICONDATA& record) {
-  if (!KnownIconRecord(record)) return 0;
+  if (!HasKnownSize(record)) return 0;
   if (message == NIM_ADD) {
     if (icon_ || !messages_.WindowOf(record.hWnd)) return 0;
     icon_ = record;
@@ -74,9 +58,9 @@ std::int32_t Win32NotificationArea::Shell_NotifyIconA(std::int32_t message,
     return 1;
   }
   if (!icon_ || icon_->hWnd != record.hWnd || icon_->uID != record.uID) return 0;
-  const NOTIFYICONDATAW native = NativeIconRecord(record, window_);
+  const NOTIFYICONDATAW native = NativeIconRecord(record, window_.Handle());
   if (message == NIM_DELETE) {
-    KillTimer(window_, kRetryTimer);
+    KillTimer(window_.Handle(), kRetryTimer);
     icon_.reset();
     return Tell(NIM_DELETE, native) ? 1 : 0;
   }
@@ -85,8 +69,8 @@ std::int32_t Win32NotificationArea::Shell_NotifyIconA(std::int32_t message,
 }
 
 void Win32NotificationArea::ShowAgain() {
-  KillTimer(window_, kRetryTimer);
-  if (icon_ && !Add()) SetTimer(window_, kRetryTimer, kRetryMilliseconds, nullptr);
+  KillTimer(window_.Handle(), kRetryTimer);
+  if (icon_ && !Add()) SetTimer(window_.Handle(), kRetryTimer, kRetryMilliseconds, nullptr);
 }
 
 void Win32NotificationArea::TakeEvent(std::int32_t event) {
@@ -105,7 +89,7 @@ void Win32NotificationArea::TakeEvent(std::int32_t event) {
 }
 
 bool Win32NotificationArea::Add() {
-  const NOTIFYICONDATAW native = NativeIconRecord(*icon_, window_);
+  const NOTIFYICONDATAW native = NativeIconRecord(*icon_, window_.Handle());
   if (!Tell(NIM_ADD, native)) return false;
   Tell(NIM_SETVERSION, native);
   return true;

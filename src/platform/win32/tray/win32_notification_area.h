@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "platform/notification_area.h"
-#include "platform/win32/handles.h"
+#include "platform/win32/message_window.h"
 #include "platform/win32/tray/win32_window_messages.h"
 
 namespace kestrava {
@@ -22,16 +22,15 @@ class Win32NotificationArea final : public NotificationArea {
 
   std::int32_t Shell_NotifyIconA(std::int32_t message, const NOTIFYICONDATA& record) override;
 
+ private:
   /// The taskbar is there, or worth another try.
   void ShowAgain();
   /// The taskbar tells what happened at the icon.
   void TakeEvent(std::int32_t event);
-
- private:
   bool Add();
 
   Win32WindowMessages& messages_;
-  HWND__* window_;                      ///< never seen; it gets what the taskbar tells
+  MessageWindow window_;                ///< gets what the taskbar tells
   std::optional<NOTIFYICONDATA> icon_;  ///< as it was added, with what was changed since
   bool ownsContextMenu_ = false;        ///< a right click's own WM_CONTEXTMENU is to come
 };

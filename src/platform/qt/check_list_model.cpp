@@ -1,8 +1,7 @@
-#include "platform/qt/check_list_view.h"
+#include "platform/qt/check_list_model.h"
 
 #include <QTimer>
 
-#include "platform/qt/check_box_look.h"
 #include "platform/qt/text.h"
 
 namespace kestrava {
@@ -46,13 +45,6 @@ bool CheckListModel::setData(const QModelIndex& index, const QVariant& value, in
 Qt::ItemFlags CheckListModel::flags(const QModelIndex& index) const {
   if (!index.isValid()) return Qt::NoItemFlags;
   return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable;
-}
-
-CheckListView::CheckListView(CheckList& list, QWidget* parent)
-    : QListView(parent), model_(list, this) {
-  setModel(&model_);
-  setItemDelegate(new CheckEntryDelegate(this));
-  setUniformItemSizes(true);
 }
 
 }  // namespace kestrava

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QAbstractListModel>
-#include <QListView>
 
 #include "platform/control.h"
 
@@ -32,19 +31,6 @@ class CheckListModel final : public QAbstractListModel {
   CheckList* list_;
   int rows_ = 0;
   bool changed_ = false;
-};
-
-/// Shows a check list.
-class CheckListView final : public QListView {
-  Q_OBJECT
-
- public:
-  CheckListView(CheckList& list, QWidget* parent);
-
-  CheckListModel& Model() { return model_; }
-
- private:
-  CheckListModel model_;
 };
 
 }  // namespace kestrava
