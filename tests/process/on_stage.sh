@@ -21,7 +21,9 @@ dbus-daemon --nofork --config-file="$(dirname "$0")/bus.conf" \
   --address="$DBUS_SESSION_BUS_ADDRESS" 2>"$stage_folder/bus.log" &
 export BUS=$!
 stage_processes+=("$BUS")
-openbox >"$stage_folder/openbox.log" 2>&1 &
+# A window that is on its way to the icons' place lies above whatever is clicked meanwhile.
+sed 's/<animateIconify>yes/<animateIconify>no/' /etc/xdg/openbox/rc.xml >"$stage_folder/openbox.xml"
+openbox --config-file "$stage_folder/openbox.xml" >"$stage_folder/openbox.log" 2>&1 &
 stage_processes+=($!)
 wait_for 20 "the bus" test -S "$stage_folder/bus"
 wait_for 20 "the window manager" xdotool get_num_desktops >/dev/null 2>&1

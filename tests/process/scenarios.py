@@ -124,11 +124,12 @@ SCENARIOS = {
   embed; start                  | up tray; painted tray
   click_window 3 tray           | up tray menu
   keys Down Return              | at main; up main tray
-  keys alt+f; look all; keys Escape
+  keys alt+f                    | up main menu tray; painted menu
+  look all; keys Escape         | up main tray
   keys alt+f Up Up Return       | up tray
   click_window 3 tray           | up tray menu
   keys Down Return              | at main; up main tray
-  keys alt+f                    | same all
+  keys alt+f                    | up main menu tray; same all
   keys Escape                   | up main tray
   keys alt+c Up Return          | at preferences
   click_window 3 tray           | up main preferences tray menu

@@ -31,7 +31,7 @@ class Screen:
         self.press("1", *self.place(*PLACES[place]))
 
     def click_window(self, button, name):
-        left, top, width, height = self.area(name)
+        left, top, width, height = self.resting(lambda: self.area(name))
         self.press(button, left + width // 2, top + height // 2)
 
     def minimize(self, name):
@@ -124,13 +124,16 @@ class Screen:
         return root.get_image(left, top, width, height, X.ZPixmap, 0xFFFFFFFF).data
 
     def picture(self):
-        """Of what has come to rest."""
         area = self.area("main")
-        before, now = None, self.grab(*area)
-        while before != now:
-            self.pause(200)
-            before, now = now, self.grab(*area)
-        return now
+        return self.resting(lambda: self.grab(*area))
+
+    def resting(self, look):
+        """What is seen once it has come to rest."""
+        seen = [look()]
+        while len(seen) < 3 or seen[-3] != seen[-1] or seen[-2] != seen[-1]:
+            self.pause(150)
+            seen.append(look())
+        return seen[-1]
 
     def lamp_colours(self):
         """The colours in the lamps' column from top to bottom."""
