@@ -14,3 +14,4 @@ add_library(GTest::gtest_main ALIAS windows_gtest)
 
 add_subdirectory(logic)
 add_subdirectory(lists)
+add_subdirectory(network)
