@@ -1,4 +1,3 @@
-#include <clocale>
 #include <cstdlib>
 #include <optional>
 #include <string>
@@ -32,9 +31,6 @@ int main() {
   using namespace kestrava;
 
   if (const auto status = AnswerArguments()) return *status;
-
-  // Dates follow the user's locale; numbers in stored texts always have a point.
-  std::setlocale(LC_TIME, "");
 
   WindowsDesktop desktop;
   if (!HasWebSite()) {

@@ -7,7 +7,6 @@
 #include "platform/form.h"
 #include "probes/connection_probe.h"
 #include "shared/connection_table.h"
-#include "shared/general_date.h"
 
 namespace kestrava {
 
@@ -77,7 +76,7 @@ const std::string& CheckPass::NowText() {
   const auto now = clock_.Now();
   if (now != textSecond_ || text_.empty()) {
     textSecond_ = now;
-    text_ = GeneralDateText(now);
+    text_ = clock_.GeneralDateText(now);
   }
   return text_;
 }

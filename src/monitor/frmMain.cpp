@@ -59,6 +59,7 @@ frmMain::frmMain(const Platform& platform)
 void frmMain::Form_Load() {
   CenterForm(*this, platform_.windows);
   ConnectionGridSetup(grdServers);
+  GiveDatesRoom(grdServers, platform_.clock);
   state_.InTray = false;
   icon_.TrayIconAdd();
   mnuFileAuto.SetChecked(ReadBoolean(platform_.settings, kAutoLoadList));

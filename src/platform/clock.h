@@ -2,10 +2,11 @@
 
 #include <chrono>
 #include <cstdint>
+#include <string>
 
 namespace kestrava {
 
-/// The local wall clock.
+/// The local wall clock, and how its user writes what it shows.
 class Clock {
  public:
   virtual ~Clock() = default;
@@ -17,6 +18,10 @@ class Clock {
   /// negative. Where summer time begins or ends in between, that isn't the present reading and as
   /// many minutes.
   virtual std::chrono::local_seconds InMinutes(std::int32_t minutes) const = 0;
+
+  /// A date and time in the system's general date form: the short date, a blank, the long time, as
+  /// the user has chosen them.
+  virtual std::string GeneralDateText(std::chrono::local_seconds moment) const = 0;
 };
 
 }  // namespace kestrava

@@ -3,9 +3,9 @@
 #include <chrono>
 #include <limits>
 
+#include "platform/clock.h"
 #include "platform/flex_grid.h"
 #include "platform/runtime_error.h"
-#include "shared/general_date.h"
 
 namespace kestrava {
 
@@ -38,7 +38,10 @@ void ConnectionGridSetup(MSFlexGrid& grid) {
     grid.SetColWidth(col, kColumns[col].width);
     grid.SetText(kColumns[col].heading);
   }
-  grid.SetColSample(kLastCheckedColumn, GeneralDateText(kLongMoment));
+}
+
+void GiveDatesRoom(MSFlexGrid& grid, const Clock& clock) {
+  grid.SetColSample(kLastCheckedColumn, clock.GeneralDateText(kLongMoment));
 }
 
 void AppendConnectionRow(MSFlexGrid& grid) {

@@ -5,6 +5,7 @@
 
 namespace kestrava {
 
+class Clock;
 class MSFlexGrid;
 struct RowBookmark;
 
@@ -28,6 +29,9 @@ inline constexpr const char* kCheckingDisabled = "Disabled";
 
 /// Resets the table to its heading row and its column widths.
 void ConnectionGridSetup(MSFlexGrid& grid);
+
+/// Lets the column of dates be wide enough for any, as the user writes them.
+void GiveDatesRoom(MSFlexGrid& grid, const Clock& clock);
 
 /// Adds a row of empty cells at the bottom and makes it the current one.
 /// @throws RuntimeError (6) if the number of rows would no longer fit 32 bits.

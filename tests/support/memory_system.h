@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstring>
+#include <ctime>
 
 #include "platform/clock.h"
 #include "platform/notification_area.h"
@@ -19,6 +20,11 @@ class TestClock : public Clock {
   std::chrono::local_seconds Now() const override { return now; }
   std::chrono::local_seconds InMinutes(std::int32_t minutes) const override {
     return now + std::chrono::minutes(minutes) + ahead;
+  }
+  std::string GeneralDateText(std::chrono::local_seconds moment) const override {
+    const std::time_t seconds = moment.time_since_epoch().count();
+    char text[64];
+    return {text, std::strftime(text, sizeof text, "%x %X", std::gmtime(&seconds))};
   }
 
   std::chrono::local_seconds now{std::chrono::local_days{std::chrono::year{2026} / 3 / 9} +

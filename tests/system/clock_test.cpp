@@ -29,6 +29,7 @@ TEST(Clock, ReadsTheLocalTimeOnEitherSideOfSummerTime) {
   }
   unsetenv("TZ");
   const LinuxClock clock;
+  EXPECT_EQ(clock.GeneralDateText(local_days(2026y / 3 / 9) + 14h + 1s), "03/09/26 14:00:01");
   for (const std::int32_t minutes : {-1, 0, 100000}) {
     const auto before = LocalTimeAt(std::time(nullptr) + 60 * std::time_t{minutes});
     const auto reading = clock.InMinutes(minutes);

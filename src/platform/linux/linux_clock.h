@@ -15,6 +15,8 @@ class LinuxClock final : public Clock {
  public:
   std::chrono::local_seconds Now() const override;
   std::chrono::local_seconds InMinutes(std::int32_t minutes) const override;
+  /// As the LC_TIME locale of the process writes them (`%x %X` of strftime(3)).
+  std::string GeneralDateText(std::chrono::local_seconds moment) const override;
 
  private:
   /// The last answer, since a pass asks once for each row and the zone costs system calls.

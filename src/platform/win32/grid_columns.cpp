@@ -17,7 +17,7 @@ int WidthFor(const MSFlexGrid& grid, const TwipScale& scale, const UiFont& font,
   int width = scale.ToPixels(grid.ColWidth(col));
   for (const std::string& text : {grid.TextAt(0, col), grid.ColSample(col)}) {
     if (text.empty()) continue;
-    const int least = font.SizeOf(ToShownLine(text), 0, Ampersand::Itself).width;
+    const int least = font.SizeOf(ToShownLine(text), kOneLine, Ampersand::Itself).width;
     // Another text of that kind may be a little wider.
     width = std::max(width, least + scale.ToPixels(kTextPadding));
   }

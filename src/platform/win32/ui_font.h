@@ -16,6 +16,9 @@ struct PixelSize {
 /// What an "&" in a text stands for.
 enum class Ampersand { AccessKey, Itself };
 
+/// A width in which nothing is broken into lines.
+inline constexpr int kOneLine = 1 << 20;
+
 /// A font of the user interface.
 class UiFont {
  public:

@@ -1,17 +1,11 @@
 #include <poll.h>
 
+#include "network/manners.h"
 #include "platform/linux/linux_remote_desktop.h"
 #include "platform/runtime_error.h"
 #include "support/network_namespace.h"
 
 namespace kestrava::test {
-
-// What peers say, in hexadecimal digits.
-const std::string kBare = "0300000b06d00000123400";
-const std::string kConfirm = "030000130ed000001234000201080001000000";
-const std::string kFailure = "030000130ed000001234000301080005000000";
-const std::string kRequest = "0300000b06e00000123400";
-const std::string kNotRdp = "5353482d322e302d780d0a";
 
 class RemoteDesktopPeers : public NetworkTest {
  protected:
@@ -36,20 +30,7 @@ class RemoteDesktopPeers : public NetworkTest {
 
 TEST_F(RemoteDesktopPeers, EachHasItsOutcome) {
   LinuxRemoteDesktop control;
-  const struct {
-    int outcome;  // what `Connected` reads after the attempt, or the number of its error
-    std::string end, words, pause = "0";
-  } manners[] = {{0, "stays", kNotRdp},
-                 {0, "stays", kRequest},
-                 {0, "stays", kConfirm, "0.4"},
-                 {0, "floods", kConfirm},
-                 {0, "stays", ""},
-                 {kErrorPeerDropped, "closes", ""},
-                 {kErrorPeerDropped, "closes", kConfirm.substr(0, 18)},
-                 {kErrorPeerDropped, "resets", ""},
-                 {1, "closes", kFailure},
-                 {1, "stays", kBare, "0.005"}};
-  for (const auto& [outcome, end, words, pause] : manners) {
+  for (const auto& [outcome, end, words, pause] : kManners) {
     {
       const PeerProgram server({"peer.py", end, words, pause});
       EXPECT_EQ(Attempt(control, kPeer), outcome) << end << words;
