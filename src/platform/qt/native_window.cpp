@@ -207,6 +207,7 @@ void NativeWindow::ShowVisibility() {
     return;
   }
   if (hiddenAt_) {
+    TakeOwnSize(*widget_);
     PutFrameAt(*widget_, *hiddenAt_);
   } else {
     // Its tables have got their columns meanwhile.

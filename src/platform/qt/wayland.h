@@ -14,4 +14,8 @@ inline bool OnWayland() { return QGuiApplication::platformName().startsWith("way
 /// fixed size gives its size up for as long as it is maximised. For a window that has been shown.
 void LetMaximize(QWidget& window);
 
+/// Gives a hidden window of fixed size, which may have been maximised, its size again. A compositor
+/// knows nothing of the size that such a window had before: GNOME's makes one up.
+void TakeOwnSize(QWidget& window);
+
 }  // namespace kestrava
