@@ -3,11 +3,17 @@
 #include <QMenu>
 #include <QRegularExpression>
 #include <QStandardPaths>
+#include <QTest>
+#include <QTimer>
+#include <algorithm>
 #include <csignal>
 
 #include "desktop/desktop.h"
+#include "desktop/qt/widgets.h"
 #include "hosts.h"
 #include "platform/linux_desktop/session_bus.h"
+#include "platform/message_box.h"
+#include "platform/qt/qt_event_loop.h"
 #include "platform/qt/text.h"
 
 namespace kestrava::test {
@@ -17,11 +23,12 @@ const QString kFailed =
 constexpr auto kEmbedded = "QSystemTrayIconSys";
 constexpr auto kStandIn = "trayStandIn";
 
-static bool Shows(const QString& window) { return VisibleWindows().contains(window); }
-static bool UntilShown(const QString& window) {
+static QWidget* Widget(const char* name) { return WidgetOf(Find(name)); }
+static bool Shows(const char* window) { return std::ranges::count(VisibleWindows(), window) > 0; }
+static bool UntilShown(const char* window) {
   return Until([&] { return Shows(window); });
 }
-static bool UntilGone(const QString& window) {
+static bool UntilGone(const char* window) {
   return Until([&] { return !Shows(window); });
 }
 
@@ -41,8 +48,8 @@ struct TrayDesktop : Desktop {
     EXPECT_FALSE(Shows("frmMain"));
   }
   void ExpectExitFromMenu(const std::function<void()>& open) {
-    InDialogs({[](QWidget* popup) {
-      auto& menu = dynamic_cast<QMenu&>(*popup);
+    InDialogs({[](Part popup) {
+      auto& menu = dynamic_cast<QMenu&>(*WidgetOf(popup));
       QStringList entries;
       for (const QAction* entry : menu.actions()) {
         if (entry->isVisible()) entries.push_back(entry->text());
@@ -50,10 +57,11 @@ struct TrayDesktop : Desktop {
       EXPECT_EQ(entries.join('|').toStdString(), "Restore Kestrava||E&xit");
       EXPECT_EQ(menu.defaultAction()->text(), "Restore Kestrava");
       menu.setActiveAction(menu.actions().back());
-      QTest::keyClick(popup, Qt::Key_Return);
+      Press(popup, Key::Enter);
     }});
     open();
-    EXPECT_TRUE(Until([&] { return system.EventLoop().HasEnded() && VisibleWindows().isEmpty(); }));
+    const auto& loop = dynamic_cast<QtEventLoop&>(real.eventLoop);
+    EXPECT_TRUE(Until([&] { return loop.HasEnded() && VisibleWindows().empty(); }));
   }
   void ExpectOwnBalloonThatRestores() {
     ASSERT_TRUE(UntilShown("balloon"));
@@ -90,7 +98,7 @@ TEST_F(Tray, AnEmbeddingTrayThatComesAndGoesWithoutABus) {
 
   QTest::qWait(500);
   const QPoint icon = Widget(kEmbedded)->mapToGlobal(QPoint(5, 5));
-  InDialogs({[&](QWidget* box) {
+  InDialogs({[&](Part box) {
     InMenu([&](QWidget* menu) {
       tray.reset();
       EXPECT_TRUE(UntilShown(kStandIn)) << "the tray dies while the menu is open";
@@ -99,7 +107,7 @@ TEST_F(Tray, AnEmbeddingTrayThatComesAndGoesWithoutABus) {
     const Program rightClick("xdotool", {"mousemove", QString::number(icon.x()),
                                          QString::number(icon.y()), "click", "3"});
     EXPECT_TRUE(UntilShown(kStandIn));
-    box->close();
+    Close(box);
   }});
   desktop.real.messageBoxes.MsgBox("The icon's menu opens all the same.", MessageIcon::None);
   desktop.ExpectExitFromMenu([&] {

@@ -1,6 +1,8 @@
 #include <QAccessible>
+#include <QTest>
 
 #include "desktop/desktop.h"
+#include "desktop/qt/widgets.h"
 
 namespace kestrava::test {
 /// What a screen reader says while Tab goes once around the window.
@@ -17,18 +19,18 @@ static std::string NamesByTab(const QWidget* window) {
 TEST(Accessibility, TabReachesEveryControlByItsNameAndTheLampSpeaks) {
   Desktop desktop;
   desktop.AddRow("machine", "127.0.0.1");
-  desktop.Settle();
+  Settle();
   // The first of the second row, after the row of headings.
-  auto* lamp = QAccessible::queryAccessibleInterface(desktop.view)->child(6);
+  auto* lamp = QAccessible::queryAccessibleInterface(Table())->child(6);
   EXPECT_EQ(lamp->text(QAccessible::Name), "Unchecked");
   desktop.main.cmdCheck.Press();
   desktop.Finish();
   EXPECT_EQ(lamp->text(QAccessible::Name), "Online");
 
   for (Button* button : {&desktop.main.cmdCheck, &desktop.main.cmdRemove}) button->SetEnabled(true);
-  EXPECT_EQ(NamesByTab(desktop.window),
+  EXPECT_EQ(NamesByTab(MainWindow()),
             "Connections|Add New Connection|Check Now !|Remove Connection(s)");
-  const std::map<QString, std::string> dialogs = {
+  const std::map<std::string, std::string> dialogs = {
       {"cmdRemove", "Remove Connections|Delete|Cancel"},
       {"cmdAdd", "Connection Name|Connection IP Address|Save|Cancel"},
       {"mnuConnPref",
@@ -36,12 +38,12 @@ TEST(Accessibility, TabReachesEveryControlByItsNameAndTheLampSpeaks) {
        "Start Monitor in System Tray|Save Changes|Cancel"},
       {"mnuHelpAbout", "www.kestrava.example"}};
   for (const auto& [way, names] : dialogs) {
-    InDialogs({[names = names](QWidget* dialog) {
-      EXPECT_EQ(NamesByTab(dialog), names);
-      QTest::keyClick(dialog, Qt::Key_Escape);
+    InDialogs({[names = names](Part dialog) {
+      EXPECT_EQ(NamesByTab(WidgetOf(dialog)), names);
+      Press(dialog, Key::Escape);
     }});
-    if (way.startsWith("cmd")) {
-      Click(way);
+    if (way.starts_with("cmd")) {
+      Click(Find(way));
     } else {
       Pick(way);
     }
