@@ -13,3 +13,4 @@ target_link_options(windows_gtest PUBLIC -static)
 add_library(GTest::gtest_main ALIAS windows_gtest)
 
 add_subdirectory(logic)
+add_subdirectory(desktop)
