@@ -41,9 +41,9 @@ Part Find(const std::string& name);
 Part Find(Part window, const std::string& name);
 /// The names of the windows that are up.
 std::vector<std::string> VisibleWindows();
-bool IsVisible(Part part);
+/// Whether the window is on the screen, and not as an icon.
+bool IsUp(Part window);
 bool IsEnabled(Part part);
-bool IsMinimized(Part window);
 /// Whether the keys go to that window. Always true where nobody can say.
 bool IsActive(Part window);
 /// Gives the keys to that window.
@@ -75,7 +75,7 @@ std::string MenuNow();
 /// "?" or nothing.
 std::string Read(Part box);
 
-/// The entries of the dialog's list.
+/// The entries of the dialog's list, "*" ahead of those with a tick.
 std::vector<std::string> Entries(Part dialog);
 /// Presses the key on that entry, counted from 0, which ticks it.
 void Tick(Part dialog, int entry);
@@ -99,10 +99,16 @@ bool PointerIsBusy();
 
 /// Lets the program go on until then, for a minute at most. @return whether it came to that.
 bool Until(const std::function<bool()>& condition);
-/// Lets the view catch up with the grid.
-void Settle();
 /// Calls it then, in whichever loop the program waits.
 void After(std::chrono::milliseconds time, std::function<void()> call);
+
+/// Lets the view catch up with the grid. Its timer is due ahead of this one, however slow the
+/// machine is.
+inline void Settle() {
+  bool done = false;
+  After(std::chrono::milliseconds(40), [&] { done = true; });
+  Until([&] { return done; });
+}
 
 /// What the user does, one after the other, in the dialogs and menus that come up next.
 using Acts = std::deque<std::function<void(Part dialog)>>;

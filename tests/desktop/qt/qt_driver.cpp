@@ -71,9 +71,8 @@ std::vector<std::string> VisibleWindows() {
   }
   return names;
 }
-bool IsVisible(Part part) { return WidgetOf(part)->isVisible(); }
+bool IsUp(Part window) { return WidgetOf(window)->isVisible() && !WidgetOf(window)->isMinimized(); }
 bool IsEnabled(Part part) { return WidgetOf(part)->isEnabled(); }
-bool IsMinimized(Part window) { return WidgetOf(window)->isMinimized(); }
 bool IsActive(Part window) { return OnWayland() || WidgetOf(window)->isActiveWindow(); }
 void TakeKeys(Part window) {
   // Off the screen every window that comes up takes the keys, the icon's too.
@@ -136,7 +135,9 @@ std::vector<std::string> Entries(Part dialog) {
   std::vector<std::string> texts;
   const QAbstractItemModel* model = List(dialog)->model();
   for (int row = 0; row < model->rowCount(); ++row) {
-    texts.push_back(model->index(row, 0).data().toString().toStdString());
+    const QModelIndex entry = model->index(row, 0);
+    const bool ticked = entry.data(Qt::CheckStateRole) == Qt::Checked;
+    texts.push_back((ticked ? "*" : "") + entry.data().toString().toStdString());
   }
   return texts;
 }
@@ -184,12 +185,6 @@ std::shared_ptr<void> HoldTableToItsRules() {
 bool PointerIsBusy() { return MainWindow()->cursor().shape() == Qt::BusyCursor; }
 
 bool Until(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, 60000); }
-void Settle() {
-  // The view's timer is due ahead of this one, however slow the machine is.
-  QEventLoop wait;
-  QTimer::singleShot(40, Qt::PreciseTimer, &wait, &QEventLoop::quit);
-  wait.exec();
-}
 void After(std::chrono::milliseconds time, std::function<void()> call) {
   QTimer::singleShot(time, Qt::PreciseTimer, std::move(call));
 }

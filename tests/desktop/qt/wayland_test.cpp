@@ -20,7 +20,7 @@ TEST(Wayland, TheIconStandsInTheMenuBarOrAloneAndLeadsBack) {
       Press(menu, Key::Enter);
     }});
     Press(Find("trayStandIn"), Key::Enter);
-    ASSERT_TRUE(Until([&] { return IsVisible(desktop.window) && inMenuBar(); }));
+    ASSERT_TRUE(Until([&] { return IsUp(desktop.window) && inMenuBar(); }));
   }
 }
 
