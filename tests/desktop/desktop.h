@@ -54,6 +54,11 @@ struct Desktop {
     Click(Find("cmdCheck"));
     Finish();
   }
+  /// Opens a dialog by its button or menu entry, and returns when it has gone.
+  static void Open(const std::string& way) {
+    if (way.starts_with("cmd")) return Click(Find(way));
+    Pick(way);
+  }
   std::string Cell(int row, int column) const { return grid.TextAt(row, column); }
   /// The texts of a column, with ";" after each.
   std::string Texts(int column) const {

@@ -5,6 +5,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -62,7 +63,7 @@ void Type(Part field, const std::string& letters);
 /// Puts a text in place of all that a field holds.
 void Fill(Part field, const std::string& text);
 std::string TextOf(Part field);
-/// The name of the control in the window that has the focus.
+/// What a screen reader calls the control in the window that has the focus.
 std::string FocusIn(Part window);
 
 /// Picks that entry from the main window's menu, if it is to be had.
@@ -77,13 +78,15 @@ std::string Read(Part box);
 
 /// The entries of the dialog's list, "*" ahead of those with a tick.
 std::vector<std::string> Entries(Part dialog);
-/// Presses the key on that entry, counted from 0, which ticks it.
+/// Ticks that entry, counted from 0: an even one by key, an odd one by mouse.
 void Tick(Part dialog, int entry);
 
 // The table of the main window.
 int ShownRows();
+/// The lamp's is what a screen reader says of it.
 std::string ShownText(int row, int column);
-std::uint32_t LampColor(int row);
+/// All colours of a cell as it is painted, red first.
+std::set<std::uint32_t> ColorsAt(int row, int column);
 /// The text of the chosen cell's row in the first column of texts; empty for no choice.
 std::string ChosenRow();
 void ClickCell(int row, int column);

@@ -48,6 +48,17 @@ TEST(GridView, TheChoiceStaysOnItsRowAndAWidthIsTheProgramsAgain) {
   EXPECT_GT(ColumnWidth(kStatusColumn), 5);
 }
 
+TEST(GridView, PaintsEachTextInItsOwnCell) {
+  Desktop desktop;
+  for (const char* name : {"", "name"}) desktop.AddRow(name, "");
+  Settle();
+  for (const int row : {1, 2}) {
+    for (int column = kNameColumn; column < desktop.grid.Cols(); ++column) {
+      EXPECT_EQ(ColorsAt(row, column).size() > 1, !ShownText(row, column).empty());
+    }
+  }
+}
+
 TEST(GridView, ShowsOfATextWhatCanBeSeenAndNoMoreThanCanBeRead) {
   Desktop desktop;
   const std::string joined =

@@ -1,6 +1,5 @@
-#include <algorithm>
-#include <filesystem>
 #include <fstream>
+#include <map>
 
 #include "desktop/desktop.h"
 #include "help/web_pages.h"
@@ -22,6 +21,8 @@ constexpr const char* kWholeMenu =
 
 TEST(Windows, AddTakesWhatTheDialogTook) {
   Desktop desktop;
+  const std::map<std::string, std::string> names = {{"txtName", "Connection Name"},
+                                                    {"txtAddress", "Connection IP Address"}};
   const std::tuple<const char*, const char*, const char*> refused[] = {
       {"txtAddress", "", "Connection Address Cannot be Left Blank"},
       {"txtName", "", "Connection Name Cannot be Left Blank"},
@@ -29,10 +30,10 @@ TEST(Windows, AddTakesWhatTheDialogTook) {
       {"txtAddress", "1.2.3", "The Address format is not recognised"},
       {"txtAddress", "1.2.3.4.5", "The Address format is not recognised"}};
   Acts acts = {[&](Part dialog) {
-    EXPECT_EQ(FocusIn(dialog), "txtName");
+    EXPECT_EQ(FocusIn(dialog), names.at("txtName"));
     for (const auto& [field, text, message] : refused) {
       Enter(text, field)(dialog);
-      EXPECT_EQ(FocusIn(dialog), field);
+      EXPECT_EQ(FocusIn(dialog), names.at(field));
     }
     Type(Find(dialog, "txtAddress"), "\b\b");
     Press(Find(dialog, "cmdSave"), Key::Space);
@@ -45,6 +46,7 @@ TEST(Windows, AddTakesWhatTheDialogTook) {
   });
   InDialogs(acts);
   Click(Find("cmdAdd"));
+  EXPECT_EQ(FocusIn(desktop.window), "Add New Connection");
   Pick("mnuConnCreate");
   ASSERT_EQ(desktop.grid.Rows(), 2);
   const char* row[] = {"", " <b>Mail</b> ", "1.2.3.4", "Unchecked", "Enabled", "Unchecked"};
@@ -114,6 +116,7 @@ TEST(Windows, EditChangesTheCellThatWasDoubleClickedWhereverItsRowGoes) {
       {kNameColumn, name, "X", "X;C;", removeAbove},
       {kNameColumn, name, "X", "A;C;", removeIt},
       {kNameColumn, name, "X", ";", Desktop::ReplaceRows},
+      {kNameColumn, name, "Cancel", "A;B\374\255;C;", nothing},
       {kAddressColumn, address, "1.2.3", "1..2.3;1..2.3;1..2.3;", nothing},
       {kAddressColumn, address, "a.b.c.d", "1..2.3;a.b.c.d;1..2.3;", nothing},
       {kAddressColumn, address, "...", "...;1..2.3;", removeAbove},
@@ -127,6 +130,10 @@ TEST(Windows, EditChangesTheCellThatWasDoubleClickedWhereverItsRowGoes) {
       asked = Read(dialog);
       meanwhile(desktop.main);
       if (answer == "1.2.3") InDialogs({Tells("Not a Valid Address Format")});
+      if (answer == "Cancel") {
+        Fill(Find(dialog, ""), answer);
+        return Press(dialog, Key::Escape);
+      }
       Enter(answer)(dialog);
     }});
     desktop.DoubleClick(2, column);
@@ -141,16 +148,20 @@ TEST(Windows, EditChangesTheCellThatWasDoubleClickedWhereverItsRowGoes) {
 
 TEST(Windows, TheMenuWorksAndAListAndThePreferencesOutliveTheProgram) {
   const std::string list = HomeFolder() + "my list, \u00E4.kvl";
+  bool balloons = false;
   {
     Desktop desktop;
+    balloons = desktop.main.State().ShowBalloons;
     Add("127.0.0.1");
     Add("1..2.3");
     desktop.Check();
     Settle();
-    EXPECT_EQ(LampColor(1), 0x00FF00U);
-    EXPECT_EQ(LampColor(2), 0xFF0000U);
-    EXPECT_EQ(ShownText(1, kStatusColumn), "Online (Ping Response)");
-    InDialogs({Enter(list), &Close, Enter(list), Enter("77", "txtInterval")});
+    EXPECT_TRUE(ColorsAt(1, kLampColumn).contains(0x00FF00));
+    EXPECT_TRUE(ColorsAt(2, kLampColumn).contains(0xFF0000));
+    InDialogs({Enter(list), &Close, Enter(list), [](Part dialog) {
+                 for (const char* box : {"chkTray", "chkBalloon"}) Click(Find(dialog, box));
+                 Enter("77", "txtInterval")(dialog);
+               }});
     Pick("mnuFileSave");
     Pick("mnuFileNew");
     EXPECT_EQ(desktop.grid.Rows(), 1);
@@ -165,8 +176,10 @@ TEST(Windows, TheMenuWorksAndAListAndThePreferencesOutliveTheProgram) {
   EXPECT_EQ(desktop.Cell(2, kStatusColumn), "Offline ()");
   EXPECT_EQ(desktop.main.State().LastListFile, list);
   EXPECT_EQ(desktop.main.State().CheckInterval, 77);
+  EXPECT_NE(desktop.main.State().ShowBalloons, balloons);
+  EXPECT_NE(MenuNow(), kWholeMenu);
   Pick("mnuFileAuto");
-  EXPECT_FALSE(desktop.main.mnuFileAuto.Checked());
+  EXPECT_EQ(MenuNow(), kWholeMenu);
 }
 
 TEST(Windows, GoToTheTrayAndBack) {
@@ -247,15 +260,6 @@ TEST(Windows, CloseEndsARunningPassAtOnce) {
   Close(desktop.window);
   Settle();
   EXPECT_EQ(desktop.Cell(2, kStatusColumn), "");
-  EXPECT_EQ(VisibleWindows().size(), 0U);
-}
-
-TEST(Windows, TheEndClosesDialogAndMessageBox) {
-  Desktop desktop;
-  InDialogs(
-      {[&](Part) { EXPECT_EQ(desktop.real.messageBoxes.AskYesNo("waiting", "title"), YesNo::No); },
-       [](Part) { Pick("mnuFileExit"); }});
-  Click(Find("cmdAdd"));
   EXPECT_EQ(VisibleWindows().size(), 0U);
 }
 

@@ -1,6 +1,8 @@
 #include <QAbstractItemModelTester>
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QListView>
@@ -74,13 +76,19 @@ std::vector<std::string> VisibleWindows() {
 bool IsUp(Part window) { return WidgetOf(window)->isVisible() && !WidgetOf(window)->isMinimized(); }
 bool IsEnabled(Part part) { return WidgetOf(part)->isEnabled(); }
 bool IsActive(Part window) { return OnWayland() || WidgetOf(window)->isActiveWindow(); }
-void TakeKeys(Part window) {
-  // Off the screen every window that comes up takes the keys, the icon's too.
+/// Off the screen every window that comes up takes the keys, the icon's too.
+static void AwaitIcon() {
   ASSERT_TRUE(Until([] { return std::ranges::count(VisibleWindows(), "trayStandIn") == 1; }));
+}
+void TakeKeys(Part window) {
+  AwaitIcon();
   WidgetOf(window)->activateWindow();
   ASSERT_TRUE(Until([&] { return IsActive(window); }));
 }
-void Minimize(Part window) { WidgetOf(window)->setWindowState(Qt::WindowMinimized); }
+void Minimize(Part window) {
+  WidgetOf(window)->setWindowState(Qt::WindowMinimized);
+  AwaitIcon();
+}
 void Close(Part window) { WidgetOf(window)->close(); }
 
 void Click(Part control) { QTest::mouseClick(WidgetOf(control), Qt::LeftButton); }
@@ -99,8 +107,11 @@ void Fill(Part field, const std::string& text) {
   Field(field)->insert(Q(text));
 }
 std::string TextOf(Part field) { return Field(field)->text().toStdString(); }
+static std::string NameOf(QAccessibleInterface* part) {
+  return part->text(QAccessible::Name).toStdString();
+}
 std::string FocusIn(Part window) {
-  return WidgetOf(window)->focusWidget()->objectName().toStdString();
+  return NameOf(QAccessible::queryAccessibleInterface(WidgetOf(window)->focusWidget()));
 }
 
 void Pick(const std::string& entry) { MainWindow()->findChild<QAction*>(Q(entry))->trigger(); }
@@ -142,8 +153,11 @@ std::vector<std::string> Entries(Part dialog) {
   return texts;
 }
 void Tick(Part dialog, int entry) {
-  List(dialog)->setCurrentIndex(List(dialog)->model()->index(entry, 0));
-  QTest::keyClick(List(dialog), Qt::Key_Space);
+  const QModelIndex index = List(dialog)->model()->index(entry, 0);
+  List(dialog)->setCurrentIndex(index);
+  if (entry % 2 == 0) return QTest::keyClick(List(dialog), Qt::Key_Space);
+  const QPoint box = List(dialog)->visualRect(index).topLeft() + QPoint(8, 8);
+  QTest::mouseClick(List(dialog)->viewport(), Qt::LeftButton, {}, box);
 }
 
 int ShownRows() { return Table()->model()->rowCount() + 1; }
@@ -151,13 +165,20 @@ static QModelIndex Cell(int row, int column) {
   return Table()->model()->index(row - 1, column - 1);
 }
 std::string ShownText(int row, int column) {
+  // The first of a row, after the row of headings.
+  if (column == 0) return NameOf(QAccessible::queryAccessibleInterface(Table())->child(6 * row));
   return Cell(row, column).data().toString().toStdString();
 }
-std::uint32_t LampColor(int row) {
-  auto* lamps = Table()->verticalHeader();
-  const QPoint middle(lamps->width() / 2,
-                      lamps->sectionViewportPosition(row - 1) + lamps->sectionSize(row - 1) / 2);
-  return lamps->grab().toImage().pixel(middle * lamps->devicePixelRatio()) & 0xFFFFFF;
+std::set<std::uint32_t> ColorsAt(int row, int column) {
+  QWidget* view = column == 0 ? Table()->verticalHeader()->viewport() : Table()->viewport();
+  QRect cell = Table()->visualRect(Cell(row, std::max(column, 1)));
+  if (column == 0) cell = QRect(0, cell.y(), view->width(), cell.height());
+  const QImage picture = view->grab(cell.adjusted(2, 2, -2, -2)).toImage();
+  std::set<std::uint32_t> colors;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) colors.insert(picture.pixel(x, y) & 0xFFFFFF);
+  }
+  return colors;
 }
 std::string ChosenRow() {
   if (!Table()->selectionModel()->hasSelection()) return {};

@@ -1,5 +1,4 @@
 #include <array>
-#include <map>
 
 #include "desktop/win32/handles.h"
 
@@ -78,7 +77,10 @@ void Tick(Part dialog, int entry) {
   LVITEMW state{};
   state.stateMask = state.state = LVIS_FOCUSED | LVIS_SELECTED;
   Ask(ListOf(dialog), LVM_SETITEMSTATE, entry, &state);
-  Press(PartOf(ListOf(dialog)), Key::Space);
+  if (entry % 2 == 0) return Press(PartOf(ListOf(dialog)), Key::Space);
+  RECT place{};
+  Ask(ListOf(dialog), LVM_GETITEMRECT, entry, &place);
+  GiveClick(ListOf(dialog), WM_LBUTTONDOWN, {place.left + 8, place.top + 8});
 }
 
 int ShownRows() { return static_cast<int>(Ask(Table(), LVM_GETITEMCOUNT, 0, 0)) + 1; }
@@ -93,19 +95,24 @@ std::string ChosenRow() {
   const auto item = static_cast<int>(Ask(Table(), LVM_GETNEXTITEM, -1, LVNI_SELECTED));
   return item < 0 ? "" : ShownText(item + 1, 1);
 }
-static POINT Middle(int row, int column) {
+static RECT Place(int row, int column) {
   RECT cell{};
   cell.top = column;
   Ask(Table(), LVM_GETSUBITEMRECT, row - 1, &cell);
-  return {column == 0 ? ColumnWidth(0) / 2 : (cell.left + cell.right) / 2,
-          (cell.top + cell.bottom) / 2};
+  // The first one is taken for the whole row.
+  if (column == 0) cell.right = cell.left + ColumnWidth(0);
+  return cell;
+}
+static POINT Middle(int row, int column) {
+  const RECT cell = Place(row, column);
+  return {(cell.left + cell.right) / 2, (cell.top + cell.bottom) / 2};
 }
 void ClickCell(int row, int column) { GiveClick(Table(), WM_LBUTTONDOWN, Middle(row, column)); }
 void DoubleClickCell(int row, int column) {
   ClickCell(row, column);
   GiveClick(Table(), WM_LBUTTONDBLCLK, Middle(row, column));
 }
-std::uint32_t LampColor(int row) {
+std::set<std::uint32_t> ColorsAt(int row, int column) {
   RECT room{};
   GetClientRect(Table(), &room);
   HDC screen = GetDC(Table());
@@ -113,11 +120,18 @@ std::uint32_t LampColor(int row) {
   HBITMAP picture = CreateCompatibleBitmap(screen, room.right, room.bottom);
   HGDIOBJ before = SelectObject(paper, picture);
   SendMessageW(Table(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(paper), PRF_CLIENT);
-  const COLORREF color = GetPixel(paper, Middle(row, 0).x, Middle(row, 0).y);
+  std::set<std::uint32_t> colors;
+  const RECT cell = Place(row, column);
+  for (LONG y = cell.top + 2; y < cell.bottom - 2; ++y) {
+    for (LONG x = cell.left + 2; x < cell.right - 2; ++x) {
+      const COLORREF color = GetPixel(paper, x, y);
+      colors.insert(RGB(GetBValue(color), GetGValue(color), GetRValue(color)));
+    }
+  }
   DeleteObject(SelectObject(paper, before));
   DeleteDC(paper);
   ReleaseDC(Table(), screen);
-  return GetRValue(color) << 16U | GetGValue(color) << 8U | GetBValue(color);
+  return colors;
 }
 bool PointerIsBusy() {
   POINT place{};

@@ -1,5 +1,5 @@
-#include <algorithm>
 #include <array>
+#include <cstring>
 #include <map>
 
 #include "desktop/win32/handles.h"
@@ -109,11 +109,14 @@ std::string TextOf(Part field) {
   GetWindowTextW(HandleOf(field), text.data(), static_cast<int>(text.size()));
   return ToBytes(text.data());
 }
-std::string FocusIn(Part window) {
-  for (const auto& control : NativeWindow::Of(HandleOf(window))->Controls()) {
-    if (control->Handle() == GetFocus()) return control->Spec().name;
+std::string FocusIn(Part) {
+  // The system takes a field's name from the text ahead of it.
+  const bool field = ClassOf(GetFocus()) == "Edit";
+  std::string text = TextOf(PartOf(field ? GetWindow(GetFocus(), GW_HWNDPREV) : GetFocus()));
+  for (const char* mark : {"&", "<a>", "</a>"}) {
+    if (const auto at = text.find(mark); at != text.npos) text.erase(at, std::strlen(mark));
   }
-  return {};
+  return text;
 }
 std::string Read(Part box) {
   std::string text = TextOf(box) + '|' + TextOf(Find(box, "text")) + '|';
