@@ -19,7 +19,8 @@ namespace kestrava::test {
 /// A window, or a control in one. nullptr for none.
 using Part = struct NativePart*;
 
-enum class Key { Tab, Enter, Escape, Space, F1, F2 };
+/// By the numbers that one of the desktops has for them.
+enum class Key { Tab = 0x09, Enter = 0x0D, Escape = 0x1B, Space = 0x20, F1 = 0x70, F2 = 0x71 };
 
 /// What of the desktop the program is composed with.
 class System {
@@ -58,8 +59,6 @@ void Close(Part window);
 void Click(Part control);
 /// Presses a key on a control, or on whichever one in the window has the focus.
 void Press(Part part, Key key);
-/// Types letters at the end of what a field holds; "\b" takes the last away.
-void Type(Part field, const std::string& letters);
 /// Puts a text in place of all that a field holds.
 void Fill(Part field, const std::string& text);
 std::string TextOf(Part field);

@@ -35,13 +35,13 @@ TEST(Windows, AddTakesWhatTheDialogTook) {
       Enter(text, field)(dialog);
       EXPECT_EQ(FocusIn(dialog), names.at(field));
     }
-    Type(Find(dialog, "txtAddress"), "\b\b");
+    Fill(Find(dialog, "txtAddress"), "1.2.3.4");
     Press(Find(dialog, "cmdSave"), Key::Space);
   }};
   for (const auto& [field, text, message] : refused) acts.push_back(Tells(message));
   acts.push_back([](Part dialog) {
     EXPECT_EQ(TextOf(Find(dialog, "txtName")), "New Connection 2");
-    Type(Find(dialog, "txtAddress"), "...");
+    Fill(Find(dialog, "txtAddress"), "...");
     Press(dialog, Key::Escape);
   });
   InDialogs(acts);

@@ -100,7 +100,6 @@ void Press(Part part, Key key) {
   if (widget->isWindow() && widget->focusWidget()) widget = widget->focusWidget();
   QTest::keyClick(widget, keys.at(key));
 }
-void Type(Part field, const std::string& letters) { QTest::keyClicks(Field(field), Q(letters)); }
 void Fill(Part field, const std::string& text) {
   Field(field)->setFocus();
   Field(field)->selectAll();

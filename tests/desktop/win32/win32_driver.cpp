@@ -87,16 +87,10 @@ void Click(Part control) {
   GiveClick(HandleOf(control), WM_LBUTTONDOWN, middle);
 }
 void Press(Part part, Key key) {
-  static const std::map<Key, WPARAM> keys = {{Key::Tab, VK_TAB},       {Key::Enter, VK_RETURN},
-                                             {Key::Escape, VK_ESCAPE}, {Key::Space, VK_SPACE},
-                                             {Key::F1, VK_F1},         {Key::F2, VK_F2}};
   const HWND focus = GetFocus();
   const HWND window = IsChild(HandleOf(part), focus) ? focus : HandleOf(part);
-  for (const UINT message : {WM_KEYDOWN, WM_KEYUP}) Give(window, message, keys.at(key), 0);
-}
-void Type(Part field, const std::string& letters) {
-  SendMessageW(HandleOf(field), EM_SETSEL, MAXLONG, MAXLONG);
-  for (const wchar_t letter : ToWide(letters)) Give(HandleOf(field), WM_CHAR, letter, 0);
+  for (const UINT message : {WM_KEYDOWN, WM_KEYUP})
+    Give(window, message, static_cast<WPARAM>(key), 0);
 }
 void Fill(Part field, const std::string& text) {
   SetFocus(HandleOf(field));
