@@ -86,7 +86,7 @@ int ShownRows();
 std::string ShownText(int row, int column);
 /// All colours of a cell as it is painted, red first.
 std::set<std::uint32_t> ColorsAt(int row, int column);
-/// The text of the chosen cell's row in the first column of texts; empty for no choice.
+/// The text of the chosen cell's row in the first column of texts; "none" for no choice.
 std::string ChosenRow();
 void ClickCell(int row, int column);
 void DoubleClickCell(int row, int column);

@@ -36,12 +36,18 @@ TEST(GridView, TheChoiceStaysOnItsRowAndAWidthIsTheProgramsAgain) {
   for (const char* name : {"A", "B", "C"}) desktop.AddRow(name);
   desktop.DoubleClick(3, kCheckingColumn);
   DragColumn(kStatusColumn, 5);
-  for (const char* chosen : {"C", "C", ""}) {
+  for (const char* chosen : {"C", "C", "none"}) {
     Settle();
     EXPECT_EQ(ChosenRow(), chosen);
     desktop.grid.RemoveItem(1);
     if (desktop.grid.Rows() == 2) desktop.ReplaceRows(desktop.main);
   }
+  desktop.AddRow("D");
+  desktop.DoubleClick(1, kCheckingColumn);
+  EXPECT_EQ(ChosenRow(), "D");
+  desktop.ReplaceRows(desktop.main);
+  Settle();
+  EXPECT_EQ(ChosenRow(), "none");
   EXPECT_EQ(ColumnWidth(kStatusColumn), 5);
   Pick("mnuFileNew");
   Settle();

@@ -180,7 +180,7 @@ std::set<std::uint32_t> ColorsAt(int row, int column) {
   return colors;
 }
 std::string ChosenRow() {
-  if (!Table()->selectionModel()->hasSelection()) return {};
+  if (!Table()->selectionModel()->hasSelection()) return "none";
   return Table()->currentIndex().siblingAtColumn(0).data().toString().toStdString();
 }
 static QPoint Middle(int row, int column) {

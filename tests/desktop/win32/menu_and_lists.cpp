@@ -93,7 +93,7 @@ void Repaint() { RedrawWindow(Table(), nullptr, nullptr, RDW_INVALIDATE | RDW_UP
 std::shared_ptr<void> HoldTableToItsRules() { return nullptr; }
 std::string ChosenRow() {
   const auto item = static_cast<int>(Ask(Table(), LVM_GETNEXTITEM, -1, LVNI_SELECTED));
-  return item < 0 ? "" : ShownText(item + 1, 1);
+  return item < 0 ? "none" : ShownText(item + 1, 1);
 }
 static RECT Place(int row, int column) {
   RECT cell{};
