@@ -212,6 +212,8 @@ TEST(Windows, GoToTheTrayWithADialogAndItsBoxAndComeBackToGoOn) {
                  EXPECT_TRUE(Until([&] { return IsActive(box); }));
                  EXPECT_EQ(MenuNow(), "Send to Tray|E&xit|");
                  for (const char* entry : {"mnuFileNew", "mnuConnCreate"}) Pick(entry);
+                 Click(Find("cmdCheck"));
+                 EXPECT_FALSE(PointerIsBusy());
                  EXPECT_EQ(desktop.grid.Rows(), rows);
                  InDialogs({Enter("1..2.3", "txtAddress")});
                  Close(box);
