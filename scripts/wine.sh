@@ -13,6 +13,9 @@ mkdir -p "$WINEPREFIX"
   if [[ ! -e $WINEPREFIX/made ]]; then
     wine wineboot --init 9>&-
     wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f 9>&-
+    # Only then has the desktop that driver, too, without which it has no place for a click.
+    wineserver --kill 9>&-
+    wineserver --wait 9>&-
     touch "$WINEPREFIX/made"
   fi
 ) 9>"$WINEPREFIX.lock" >"$WINEPREFIX.log" 2>&1 </dev/null

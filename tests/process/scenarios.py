@@ -152,6 +152,7 @@ SCENARIOS = {
   pick Restore Kestrava         | at main
   hold_pass; click check; minimize main | up
   release_pass                  | notified 5 of your Connections, closed, 5 of your Connections
+  forge_click 41; item Menu     | up
   click_notification 41         | at main
   signal TERM                   | ends 0; notified 5 of your Connections, closed, 5 of your Connections, closed
 """,
@@ -160,8 +161,7 @@ SCENARIOS = {
   settings AutoLoadList=1 LastListFile=~/a.kvl
   serve notifications; silent GetCapabilities
   start                         | at main
-  click check; minimize main; release_pass | up balloon icon
-  click_window 1 balloon        | at main
+  click check; minimize main; release_pass | up balloon icon; painted balloon; up icon
   signal TERM                   | ends 0
   silent Notify
   hold_pass; start              | at main

@@ -1,5 +1,6 @@
 #include "platform/win32/check_list_view.h"
 
+#include <array>
 #include <utility>
 
 #include "platform/win32/wide_text.h"
@@ -16,6 +17,10 @@ constexpr UINT kTickedBox = 2;
 
 CheckListView::CheckListView(CheckList& list, HWND window, int id)
     : ListView(list, window, id, LVS_NOCOLUMNHEADER, 0) {
+  // What nothing names is, for screen readers, what its window is about.
+  std::array<wchar_t, 128> title{};
+  GetWindowTextW(window, title.data(), static_cast<int>(title.size()));
+  SetText(title.data());
   LVCOLUMNW column{};
   SendRecord(LVM_INSERTCOLUMNW, 0, column);
   // The boxes are asked for like the texts.

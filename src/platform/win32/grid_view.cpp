@@ -121,7 +121,8 @@ void GridView::CatchUp() {
 void GridView::CatchUpRows() {
   const std::int32_t rows = As<MSFlexGrid>()->Rows();
   const std::int32_t before = std::exchange(rows_, rows);
-  if (rows == before) return;
+  // As many as before may be others.
+  if (rows == before) return FollowChosenRow();
   SetCount(rows - 1);
   FollowUserCell();
   InvalidateRect(Handle(), nullptr, FALSE);

@@ -43,6 +43,8 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
   HWND Handle() const { return handle_; }
   const TwipScale& Scale() const { return scale_; }
   const NativeMenu* Menu() const { return menu_ ? &*menu_ : nullptr; }
+  /// In tab order.
+  const std::vector<std::unique_ptr<NativeControl>>& Controls() const { return controls_; }
 
   /// Takes the window off the screen and leaves the form alone from now on.
   void Detach();

@@ -1,6 +1,7 @@
 #include "platform/win32/win32_prompt_boxes.h"
 
 #include "platform/win32/box_form.h"
+#include "platform/win32/wide_text.h"
 
 namespace kestrava {
 
@@ -12,11 +13,12 @@ std::string Win32PromptBoxes::InputBox(const std::string& prompt, const std::str
                .textField = true,
                .firstButton = "OK",
                .secondButton = "Cancel"});
-  // A text that nobody edits keeps its very bytes.
   box.Field()->SetText(text);
   const LoadedForm loaded(windows_, box);
   windows_.ShowModal(box);
-  return box.Confirmed() ? box.Field()->Text() : std::string();
+  if (!box.Confirmed()) return {};
+  // A text that reads as before keeps its very bytes.
+  return box.Field()->Text() == ToBytes(ToShownLine(text)) ? text : box.Field()->Text();
 }
 
 }  // namespace kestrava

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # on_wayland.sh COMMAND...: runs the command on a Wayland compositor of its own, without a screen.
 set -euo pipefail
-source "$(dirname "${BASH_SOURCE[0]}")/../../scripts/stage.sh"
+source "$(dirname "${BASH_SOURCE[0]}")/../../../scripts/stage.sh"
 
 open_stage
 start_compositor

@@ -1,9 +1,11 @@
+#include <QApplication>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QStyleOptionButton>
 
 #include "desktop/desktop.h"
+#include "desktop/qt/widgets.h"
 #include "editing/frmNewConn.h"
 
 namespace kestrava::test {
@@ -41,15 +43,15 @@ TEST(Layout, HoldsEveryTextAtAnyFontSizeAndAfterAChangeOfIt) {
   for (const int points : {6, 9, 11, 20, 32, 9}) {
     SCOPED_TRACE(points);
     QApplication::setFont(QFont(before.family(), points));
-    desktop.Settle();
-    ExpectReadable(desktop.window);
-    ExpectReadable(Widget("frmNewConn"));
-    const QHeaderView* heading = desktop.view->horizontalHeader();
+    Settle();
+    ExpectReadable(MainWindow());
+    ExpectReadable(WidgetOf(Find("frmNewConn")));
+    const QHeaderView* heading = Table()->horizontalHeader();
     for (int column = 0; column < 5; ++column) {
-      const QSize room(desktop.view->columnWidth(column) - 4, heading->height());
+      const QSize room(Table()->columnWidth(column) - 4, heading->height());
       ExpectFits(heading, heading->model()->headerData(column, Qt::Horizontal).toString(), room);
     }
-    EXPECT_NEAR(1.0 * desktop.view->width() / desktop.view->height(), 9810.0 / 5355, 0.01);
+    EXPECT_NEAR(1.0 * Table()->width() / Table()->height(), 9810.0 / 5355, 0.01);
   }
   desktop.real.windows.Unload(dialog);
   QApplication::setFont(before);
