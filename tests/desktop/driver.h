@@ -7,6 +7,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "monitor/frmMain.h"
@@ -116,14 +117,18 @@ inline void Settle() {
 using Acts = std::deque<std::function<void(Part dialog)>>;
 /// The dialog or menu that is topmost.
 Part TopDialog();
+/// Where the user acts, and so not what comes up next: a slow file dialog is still up meanwhile.
+inline Part actingIn = nullptr;
 inline void InDialogs(Acts acts) {
   After(std::chrono::milliseconds(20), [acts = std::move(acts)]() mutable {
     const Part dialog = TopDialog();
-    if (!dialog) return InDialogs(std::move(acts));
+    if (!dialog || dialog == actingIn) return InDialogs(std::move(acts));
     const auto act = std::move(acts.front());
     acts.pop_front();
     if (!acts.empty()) InDialogs(std::move(acts));
+    const Part before = std::exchange(actingIn, dialog);
     act(dialog);
+    actingIn = before;
   });
 }
 
