@@ -1,9 +1,7 @@
-#include <QCoreApplication>
-
-#include "child_process.h"
 #include "figure.h"
 #include "figures.h"
 #include "real_program.h"
+#include "system.h"
 
 namespace kestrava {
 
@@ -16,7 +14,7 @@ Task<> TakeTurns(EventLoop& loop, int turns) {
 
 }  // namespace
 
-void MeasureIdlePump() {
+void MeasureIdlePump(double target) {
   constexpr int kRounds = 31;
   constexpr int kTurns = 10000;
   RealProgram program;
@@ -26,23 +24,24 @@ void MeasureIdlePump() {
       [&] {
         return SecondsOf([&] {
           Task<> work = TakeTurns(loop, kTurns);
-          for (work.Start(); work.UnderWay();) QCoreApplication::processEvents();
+          for (work.Start(); work.UnderWay();) ServeWaitingEvents();
         });
       },
       [] {
         return SecondsOf([] {
-          for (int turn = 0; turn < kTurns; ++turn) QCoreApplication::processEvents();
+          for (int turn = 0; turn < kTurns; ++turn) ServeWaitingEvents();
         });
       });
-  PrintFigure("pump_idle", ratio, 1.5);
+  PrintFigure("pump_idle", ratio, target);
 }
 
-void MeasureStartup(const std::string& folder) {
+void MeasureStartup(const std::string& folder, double target) {
   constexpr int kRounds = 31;
   const auto start = [&folder](const char* program) {
-    return [path = folder + "/" + program] { return SecondsOf([&] { RunToEnd({path}); }); };
+    return [path = folder + "/" + program] { return SecondsOf([&] { RunProgram(path); }); };
   };
-  PrintFigure("startup", RatioOf(kRounds, start("kestrava_startup"), start("bare_startup")), 1.25);
+  PrintFigure("startup", RatioOf(kRounds, start("kestrava_startup"), start("bare_startup")),
+              target);
 }
 
 }  // namespace kestrava

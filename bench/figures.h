@@ -4,8 +4,7 @@
 
 namespace kestrava {
 
-/// Each measures what its name says and prints its figure, or its figures. They need a display, and
-/// a `QApplication` in this process.
+/// Each measures what its name says and prints its figure, or its figures. They need a display.
 
 /// One row of a pass over answering machines, over the bare echo: `pass_row`.
 void MeasurePassRow();
@@ -33,12 +32,12 @@ void MeasureRefusingMachine(const std::string& address);
 /// echoes sent by socket and by `ping`: `longest_stall`.
 void MeasureLongestStall(const std::string& address);
 
-/// A turn of the program's event loop with nothing to do, over Qt's own: `pump_idle`.
-void MeasureIdlePump();
+/// A turn of the program's event loop with nothing to do, over the system's own: `pump_idle`.
+void MeasureIdlePump(double target);
 
-/// Start to first painted window, over the least that a Qt window with a table can be: `startup`.
+/// Start to first painted window, over the least that a window with a table can be: `startup`.
 /// @param folder where the two programs are.
-void MeasureStartup(const std::string& folder);
+void MeasureStartup(const std::string& folder, double target);
 
 /// Loading a long list into the table, with the view of it, over reading its lines and splitting
 /// them into strings: `load_100k`.

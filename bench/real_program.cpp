@@ -1,26 +1,13 @@
 #include "real_program.h"
 
-#include <QCoreApplication>
 #include <chrono>
-#include <ctime>
 #include <stdexcept>
-#include <thread>
 
 #include "figure.h"
-#include "platform/qt/grid_view.h"
 #include "shared/connection_table.h"
+#include "system.h"
 
 namespace kestrava {
-
-namespace {
-
-double ProcessorSeconds() {
-  timespec now{};
-  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) + 1e-9 * static_cast<double>(now.tv_nsec);
-}
-
-}  // namespace
 
 RealProgram::RealProgram() {
   desktop_.Windows().Load(window);
@@ -48,7 +35,7 @@ PassCost RealProgram::Check(const std::string& status) {
   cost.clock = SecondsOf([this] {
     window.cmdCheck.Press();
     while (window.Pointer() == MousePointer::Busy) {
-      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+      ServeNextEvents();
     }
   });
   cost.processor = ProcessorSeconds() - processor;
@@ -61,19 +48,14 @@ PassCost RealProgram::Check(const std::string& status) {
   return cost;
 }
 
-void RealProgram::CatchUp() {
-  auto* view = desktop_.Windows().WidgetOf(window)->findChild<GridView*>();
-  static_cast<GridModel*>(view->model())->CatchUp();
-  // What has to be painted again waits as an event.
-  QCoreApplication::processEvents();
-}
+void RealProgram::CatchUp() { CatchUpTable(desktop_, window); }
 
 /// Lets the window finish what it has begun to show.
 void RealProgram::Settle() {
   const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(200);
   while (std::chrono::steady_clock::now() < end) {
-    QCoreApplication::processEvents();
-    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    ServeWaitingEvents();
+    Rest();
   }
 }
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "monitor/frmMain.h"
-#include "platform/linux_desktop/linux_desktop.h"
+#include "native_desktop.h"
 
 namespace kestrava {
 
@@ -14,7 +14,8 @@ struct PassCost {
   double processor;  ///< spent by this process
 };
 
-/// The program as users run it, with its window on the screen. Needs a `QApplication`.
+/// The program as users run it, with its window on the screen. On Linux it needs a
+/// `QApplication`.
 class RealProgram {
  public:
   RealProgram();
@@ -39,7 +40,7 @@ class RealProgram {
  private:
   void Settle();
 
-  LinuxDesktop desktop_;
+  NativeDesktop desktop_;
   Platform services_ = desktop_.Services();
 
  public:

@@ -46,6 +46,7 @@ TEST(Dialogs, TabReachesEveryControlByItsNameAndTheLampSpeaks) {
 
 TEST(Dialogs, OnlyYesIsYes) {
   const Desktop desktop;
+  TakeKeys(desktop.window);
   const std::pair<std::vector<Key>, YesNo> cases[] = {{{Key::Enter}, YesNo::Yes},
                                                       {{Key::Escape}, YesNo::No},
                                                       {{Key::Tab, Key::Space}, YesNo::No},

@@ -201,7 +201,7 @@ TEST(Windows, GoToTheTrayAndBack) {
 TEST(Windows, GoToTheTrayWithADialogAndItsBoxAndComeBackToGoOn) {
   Desktop desktop;
   int rows = 1;
-  for (const std::size_t minimized : {0, 1, 2}) {
+  for (const std::size_t minimized : {0U, 1U, 2U}) {
     InDialogs({Enter("", "txtAddress"), [&](Part box) {
                  const std::vector<Part> windows = {desktop.window, Find("frmNewConn"), box};
                  Minimize(windows.at(minimized));

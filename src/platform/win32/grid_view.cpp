@@ -122,7 +122,7 @@ void GridView::CatchUpRows() {
   const std::int32_t rows = As<MSFlexGrid>()->Rows();
   const std::int32_t before = std::exchange(rows_, rows);
   // As many as before may be others.
-  if (rows == before) return FollowChosenRow();
+  if (rows == before) return FollowUserCell();
   SetCount(rows - 1);
   FollowUserCell();
   InvalidateRect(Handle(), nullptr, FALSE);

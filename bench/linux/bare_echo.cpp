@@ -1,5 +1,6 @@
 #include "bare_echo.h"
 
+#include <arpa/inet.h>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -12,13 +13,13 @@
 
 namespace kestrava {
 
-void EchoBarely(std::uint32_t address) {
+void EchoBarely(const std::string& address) {
   constexpr std::string_view kPayload = "Echo This";
   std::array<char, sizeof(icmphdr) + kPayload.size()> request{ICMP_ECHO};
   std::memcpy(request.data() + sizeof(icmphdr), kPayload.data(), kPayload.size());
   sockaddr_in destination{};
   destination.sin_family = AF_INET;
-  destination.sin_addr.s_addr = address;
+  destination.sin_addr.s_addr = inet_addr(address.c_str());
   std::array<char, 512> reply;
 
   const int handle = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, IPPROTO_ICMP);
