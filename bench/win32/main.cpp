@@ -2,25 +2,17 @@
 // runs it under Wine, with the addresses of a silent and of a refusing machine as the first
 // arguments. The names of figures may follow them; without them all are measured.
 
-#include <algorithm>
 #include <cstdio>
-#include <exception>
 #include <filesystem>
-#include <functional>
 #include <span>
 #include <string>
-#include <string_view>
 
 #include "figure.h"
 #include "figures.h"
+#include "measurements.h"
 #include "stall.h"
 
 namespace {
-
-struct Measurement {
-  std::string_view name;
-  std::function<void()> run;
-};
 
 void MeasureFile(const std::string& program) {
   const auto bytes = std::filesystem::file_size(program + ".exe");
@@ -46,29 +38,18 @@ int main(int argc, char** argv) {
     std::fputs("usage: kestrava_bench SILENT_ADDRESS REFUSING_ADDRESS [FIGURE...]\n", stderr);
     return 2;
   }
-  try {
-    const std::string folder = std::filesystem::path(argv[0]).parent_path().string();
-    const Measurement measurements[] = {
-        {"pass_row", MeasurePassRow},
-        {"silent_row", [&] { MeasureSilentMachine(argv[1]); }},
-        {"refused_row_cpu", [&] { MeasureRefusingMachine(argv[2]); }},
-        {"longest_stall", [&] { MeasureLongestStall(argv[1]); }},
-        {"pump_idle", [] { MeasureIdlePump(1.2); }},
-        {"startup", [&] { MeasureStartup(folder, 1.6); }},
-        {"load_100k", [&] { MeasureLoad(folder); }},
-        {"save_100k", [&] { MeasureSave(folder); }},
-        {"remove_half", MeasureRemoval},
-        {"binary_size", [&] { MeasureFile(folder + "/../kestrava"); }},
-    };
-    const std::span wanted(argv + 3, argv + argc);
-    for (const Measurement& measurement : measurements) {
-      if (wanted.empty() || std::ranges::find(wanted, measurement.name) != wanted.end()) {
-        measurement.run();
-      }
-    }
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "%s\n", error.what());
-    return 1;
-  }
-  return 0;
+  const std::string folder = std::filesystem::path(argv[0]).parent_path().string();
+  const Measurement measurements[] = {
+      {"pass_row", MeasurePassRow},
+      {"silent_row", [&] { MeasureSilentMachine(argv[1]); }},
+      {"refused_row_cpu", [&] { MeasureRefusingMachine(argv[2]); }},
+      {"longest_stall", [&] { MeasureLongestStall(argv[1]); }},
+      {"pump_idle", [] { MeasureIdlePump(1.2); }},
+      {"startup", [&] { MeasureStartup(folder, 1.6); }},
+      {"load_100k", [&] { MeasureLoad(folder); }},
+      {"save_100k", [&] { MeasureSave(folder); }},
+      {"remove_half", MeasureRemoval},
+      {"binary_size", [&] { MeasureFile(folder + "/../kestrava"); }},
+  };
+  return Run(measurements, std::span(argv + 3, argv + argc));
 }

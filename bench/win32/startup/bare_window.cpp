@@ -14,8 +14,9 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int) {
   kind.lpszClassName = L"bare";
   RegisterClassW(&kind);
   // The size of the program's main window, with its menu bar.
-  HWND window = CreateWindowW(L"bare", L"bare", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT,
-                              762, 444, nullptr, nullptr, instance, nullptr);
+  HWND window =
+      CreateWindowW(L"bare", L"bare", WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX, CW_USEDEFAULT,
+                    CW_USEDEFAULT, 762, 444, nullptr, nullptr, instance, nullptr);
   HWND table = CreateWindowW(WC_LISTVIEWW, L"", WS_CHILD | WS_VISIBLE | LVS_REPORT, 0, 0, 746, 385,
                              window, nullptr, instance, nullptr);
   wchar_t heading[] = L"heading";
