@@ -61,6 +61,7 @@ class Screen:
 
     def look(self, name):
         """Keeps what the main window's place on the screen shows."""
+        self.painted("main")
         self.pictures[name] = self.picture()
 
     def same(self, name):
@@ -124,8 +125,7 @@ class Screen:
         return root.get_image(left, top, width, height, X.ZPixmap, 0xFFFFFFFF).data
 
     def picture(self):
-        area = self.area("main")
-        return self.resting(lambda: self.grab(*area))
+        return self.resting(lambda: self.grab(*self.area("main")))
 
     def resting(self, look):
         """What is seen once it has come to rest."""
