@@ -17,7 +17,7 @@ if [[ "${1-}" != --inside ]]; then
   {
     if [[ -n "$option" ]]; then
       install_missing "${build_packages[@]}" "${run_packages[@]}" "${stage_packages[@]}" \
-        "${windows_packages[@]}" "${wine_packages[@]}"
+        "${windows_packages[@]}" "${wine_packages[@]}" openbox
       cmake --preset windows -DBUILD_TESTING=OFF -DKESTRAVA_BUILD_BENCH=ON
       cmake --build --preset windows
     else
@@ -44,10 +44,19 @@ if [[ -z "$option" ]]; then
   exit
 fi
 start_wine
+# Without a window manager Wine waits two seconds for one when a tray icon goes.
+openbox >"$stage_folder/openbox.log" 2>&1 </dev/null &
 # Wine's services keep whatever pipe they are given.
-result=0
+touch "$stage_folder/figures" "$stage_folder/made_of"
 wine build-windows/bench/kestrava_bench.exe "$silent_address" "$far_address" "${@:2}" \
-  >"$stage_folder/figures" 2>"$stage_folder/made_of" </dev/null || result=$?
-cat "$stage_folder/made_of" >&2
-cat "$stage_folder/figures"
+  >"$stage_folder/figures" 2>"$stage_folder/made_of" </dev/null &
+bench=$!
+tail -n +1 -f --pid="$bench" "$stage_folder/made_of" >&2 &
+tails=$!
+tail -n +1 -f --pid="$bench" "$stage_folder/figures" &
+tails+=" $!"
+result=0
+wait "$bench" || result=$?
+# shellcheck disable=SC2086
+wait $tails
 exit "$result"

@@ -37,10 +37,7 @@ double PassOverBareEchoes(int count, int rounds) {
 
 }  // namespace
 
-void MeasurePassRow() {
-  constexpr int kRounds = 31;
-  PrintFigure("pass_row", PassOverBareEchoes(1000, kRounds), 1.3);
-}
+void MeasurePassRow(int rounds) { PrintFigure("pass_row", PassOverBareEchoes(1000, rounds), 1.3); }
 
 void MeasurePassGrowth() {
   constexpr int kRounds = 7;

@@ -7,7 +7,7 @@ namespace kestrava {
 /// Each measures what its name says and prints its figure, or its figures. They need a display.
 
 /// One row of a pass over answering machines, over the bare echo: `pass_row`.
-void MeasurePassRow();
+void MeasurePassRow(int rounds);
 
 /// The same for short and long tables, on standard error alone: `pass_growth`.
 void MeasurePassGrowth();

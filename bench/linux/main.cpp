@@ -23,7 +23,7 @@ int main(int argc, char** argv) {
   const std::string program = folder + "/../kestrava";
   const std::string bareWindow = folder + "/bare_window";
   const Measurement measurements[] = {
-      {"pass_row", MeasurePassRow},
+      {"pass_row", [] { MeasurePassRow(31); }},
       {"pass_growth", MeasurePassGrowth},
       {"pass_vs_ping", MeasurePassAgainstPing},
       {"pass_vs_fping", MeasurePassAgainstFping},

@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "platform/win32/grid_view.h"
 #include "platform/win32/message_pump.h"
 #include "platform/win32/message_window.h"
 #include "platform/win32/owned_handle.h"
@@ -71,10 +72,12 @@ void ServeNextEvents() {
 
 void Rest() { Sleep(1); }
 
-void CatchUpTable(NativeDesktop&, const frmMain&) {
-  // The view waits for the next frame of the screen, and paints after that.
-  const auto end = steady_clock::now() + kViewFrameMilliseconds * std::chrono::milliseconds(1);
-  while (steady_clock::now() < end) ServeWaitingEvents();
+void CatchUpTable(NativeDesktop& desktop, const frmMain& window) {
+  const HWND view =
+      FindWindowExW(desktop.Windows().WindowOf(window), nullptr, WC_LISTVIEWW, nullptr);
+  if (view == nullptr) RaiseLastError("the table's view");
+  SendMessageW(view, WM_TIMER, GridView::kFrameTimer, 0);
+  // What has to be painted again waits as a message.
   ServeWaitingEvents();
 }
 

@@ -16,7 +16,6 @@ namespace kestrava {
 namespace {
 
 constexpr int kLowestDataSize = 1;
-constexpr int kNoReplyRoundTripTime = 10000;
 constexpr int kWaitBound = 150000;
 constexpr std::int16_t kConnected = 1;
 constexpr std::int16_t kNotConnected = 0;
@@ -88,7 +87,7 @@ Task<std::string> ConnectionProbe::CheckServerConnection(const std::string& conn
     // Its result says less than the reply.
     std::ignore = co_await ping_.SendEchoRequest(connAddress, reply);
     if (reply.DataSize >= kLowestDataSize) co_return std::to_string(reply.DataSize);
-    if (reply.RoundTripTime < kNoReplyRoundTripTime) co_return std::to_string(reply.RoundTripTime);
+    if (reply.RoundTripTime < kRoundTripWithoutReply) co_return std::to_string(reply.RoundTripTime);
     result = BareStatusText(EchoStatusText(reply.Status));
     co_await stage.DropEarlierConnection();
     co_await stage.Attempt();

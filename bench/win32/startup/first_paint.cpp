@@ -11,7 +11,8 @@ void CALLBACK End(HWND, UINT, UINT_PTR, DWORD) { TerminateProcess(GetCurrentProc
 
 /// Every part of the window is painted before a timer's message comes.
 LRESULT CALLBACK WatchForPaint(int code, WPARAM wParam, LPARAM lParam) {
-  if (code == HC_ACTION && reinterpret_cast<const CWPRETSTRUCT*>(lParam)->message == WM_PAINT) {
+  if (code == HC_ACTION && wParam == PM_REMOVE &&
+      reinterpret_cast<const MSG*>(lParam)->message == WM_PAINT) {
     UnhookWindowsHookEx(hook);
     SetTimer(nullptr, 0, USER_TIMER_MINIMUM, End);
   }
@@ -19,7 +20,7 @@ LRESULT CALLBACK WatchForPaint(int code, WPARAM wParam, LPARAM lParam) {
 }
 
 const bool watches = [] {
-  hook = SetWindowsHookExW(WH_CALLWNDPROCRET, WatchForPaint, nullptr, GetCurrentThreadId());
+  hook = SetWindowsHookExW(WH_GETMESSAGE, WatchForPaint, nullptr, GetCurrentThreadId());
   return hook != nullptr;
 }();
 

@@ -13,7 +13,6 @@ namespace kestrava {
 namespace {
 
 constexpr IcmpHandle kNoHandle = 0;
-constexpr std::int32_t kNoRoundTrip = 10000;
 
 /// The kind of socket is allowed, but there is none left to be had.
 bool IsShortage(int error) {
@@ -60,14 +59,14 @@ Task<std::uint32_t> LinuxIcmp::IcmpSendEcho(IcmpHandle handle, std::int32_t addr
   }
   reply.Status = outcome.status;
   if (outcome.status != kEchoSuccess) {
-    reply.RoundTripTime = kNoRoundTrip;
+    reply.RoundTripTime = kRoundTripWithoutReply;
     co_return 0;
   }
   const auto roundTrip = std::chrono::duration_cast<std::chrono::milliseconds>(
       std::chrono::steady_clock::now() - start);
   reply.Address = std::bit_cast<std::uint32_t>(address);
-  reply.RoundTripTime =
-      static_cast<std::int32_t>(std::min<std::int64_t>(roundTrip.count(), kNoRoundTrip - 1));
+  reply.RoundTripTime = static_cast<std::int32_t>(
+      std::min<std::int64_t>(roundTrip.count(), kRoundTripWithoutReply - 1));
   reply.DataSize = static_cast<std::int16_t>(data.size());
   reply.Options.Ttl = outcome.timeToLive;
   std::ranges::copy(data, reply.Data);

@@ -11,7 +11,6 @@ namespace kestrava {
 
 namespace {
 
-constexpr UINT_PTR kFrameTimer = 1;
 constexpr std::int32_t kNothingFirst = std::numeric_limits<std::int32_t>::max();
 constexpr std::int32_t kNothingLast = -1;
 

@@ -18,6 +18,9 @@ namespace kestrava {
 /// others, moves with its row when rows above it go, and goes with its row.
 class GridView final : public ListView, private GridObserver {
  public:
+  /// The timer of the next frame of the screen: when its message comes, the view catches up.
+  static constexpr std::uintptr_t kFrameTimer = 1;
+
   GridView(MSFlexGrid& grid, HWND window, int id);
 
   void Detach() override;
