@@ -52,11 +52,10 @@ wine build-windows/bench/kestrava_bench.exe "$silent_address" "$far_address" "${
   >"$stage_folder/figures" 2>"$stage_folder/made_of" </dev/null &
 bench=$!
 tail -n +1 -f --pid="$bench" "$stage_folder/made_of" >&2 &
-tails=$!
+tails=($!)
 tail -n +1 -f --pid="$bench" "$stage_folder/figures" &
-tails+=" $!"
+tails+=($!)
 result=0
 wait "$bench" || result=$?
-# shellcheck disable=SC2086
-wait $tails
+wait "${tails[@]}"
 exit "$result"
