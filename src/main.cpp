@@ -19,6 +19,7 @@
 #include "platform/linux_desktop/linux_desktop.h"
 #include "platform/linux_desktop/session_bus.h"
 #include "platform/program_title.h"
+#include "platform/qt/wayland.h"
 
 namespace {
 
@@ -91,6 +92,30 @@ QIcon ProgramIcon() {
   return icon;
 }
 
+/// The program's life, from the start of its windows to their end.
+/// @param unloadMainWindow is given what ends it.
+void Run(Application& application, std::function<void()>& unloadMainWindow,
+         kestrava::TerminationSignals& terminationSignals) {
+  using namespace kestrava;
+
+  LinuxDesktop desktop;
+  ShowManualWithoutWebSite(desktop);
+  frmMain mainWindow(desktop.Services());
+  const DisplayLoss displayLoss([&mainWindow] { mainWindow.StoreLastListFile(); });
+  unloadMainWindow = [&] { desktop.Windows().Unload(mainWindow); };
+  desktop.Watch(terminationSignals);
+  for (const auto request :
+       {&QGuiApplication::commitDataRequest, &QGuiApplication::saveStateRequest}) {
+    QObject::connect(&application, request, &application, &SetRestartCommand);
+  }
+  QObject::connect(&desktop.EventLoop(), &QtEventLoop::Ended, &application,
+                   [] { QApplication::exit(); });
+
+  desktop.Windows().Load(mainWindow);
+  if (!mainWindow.State().InTray) desktop.Windows().Show(mainWindow);
+  if (!desktop.EventLoop().HasEnded()) QApplication::exec();
+}
+
 }  // namespace
 
 int main(int argc, char* argv[]) {
@@ -129,21 +154,9 @@ int main(int argc, char* argv[]) {
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(ProgramIcon());
 
-  LinuxDesktop desktop;
-  ShowManualWithoutWebSite(desktop);
-  frmMain mainWindow(desktop.Services());
-  const DisplayLoss displayLoss([&mainWindow] { mainWindow.StoreLastListFile(); });
-  unloadMainWindow = [&] { desktop.Windows().Unload(mainWindow); };
-  desktop.Watch(terminationSignals);
-  for (const auto request :
-       {&QGuiApplication::commitDataRequest, &QGuiApplication::saveStateRequest}) {
-    QObject::connect(&application, request, &application, &SetRestartCommand);
-  }
-  QObject::connect(&desktop.EventLoop(), &QtEventLoop::Ended, &application,
-                   [] { QApplication::exit(); });
-
-  desktop.Windows().Load(mainWindow);
-  if (!mainWindow.State().InTray) desktop.Windows().Show(mainWindow);
-  if (!desktop.EventLoop().HasEnded()) QApplication::exec();
+  Run(application, unloadMainWindow, terminationSignals);
+  // Up to 6.4 the toolkit's own end on Wayland may wait for ever for a thread that reads what the
+  // compositor sends: that one waits for another which has ended in the midst of its reading.
+  if (OnWayland()) std::_Exit(EXIT_SUCCESS);
   return 0;
 }

@@ -5,10 +5,6 @@ source "$(dirname "${BASH_SOURCE[0]}")/../../../scripts/stage.sh"
 
 open_stage
 start_compositor
-# What the library for compositors keeps until the end is none of ours.
-echo "leak:libwayland-client" >"$stage_folder/suppressions"
-export LSAN_OPTIONS=suppressions=$stage_folder/suppressions:print_suppressions=0
-
 # Up to 6.4 Qt may free a frame's callback in two threads at once when a window is hidden at the
 # moment of its frame (https://codereview.qt-project.org/c/qt/qtwayland/+/445585). The library for
 # compositors ends the program then: such a run says nothing and is made again.
