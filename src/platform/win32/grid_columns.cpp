@@ -1,7 +1,6 @@
 #include "platform/win32/grid_columns.h"
 
 #include <algorithm>
-#include <string>
 #include <utility>
 
 #include "platform/win32/wide_text.h"
@@ -24,7 +23,21 @@ int WidthFor(const MSFlexGrid& grid, const TwipScale& scale, const UiFont& font,
   return width;
 }
 
+std::wstring HeadingOf(const MSFlexGrid& grid, std::int32_t col) {
+  return ToShownLine(grid.TextViewAt(0, col));
+}
+
 }  // namespace
+
+int GridColumns::WidthOf(std::int32_t col) const {
+  return static_cast<int>(SendMessageW(list_, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(col), 0));
+}
+
+std::vector<int> GridColumns::Widths() const {
+  std::vector<int> widths;
+  for (int col = 0; col < Count(); ++col) widths.push_back(WidthOf(col));
+  return widths;
+}
 
 void GridColumns::Show(const MSFlexGrid& grid, const TwipScale& scale, const UiFont& font) {
   const auto columns = static_cast<std::size_t>(grid.Cols());
@@ -32,38 +45,58 @@ void GridColumns::Show(const MSFlexGrid& grid, const TwipScale& scale, const UiF
     applied_.pop_back();
     SendMessageW(list_, LVM_DELETECOLUMN, applied_.size(), 0);
   }
-  while (applied_.size() < columns) {
-    LVCOLUMNW column{};
-    SendMessageW(list_, LVM_INSERTCOLUMNW, applied_.size(), reinterpret_cast<LPARAM>(&column));
-    applied_.push_back(kNotApplied);
-  }
   for (std::int32_t col = 0; col < grid.Cols(); ++col) {
-    const auto place = static_cast<std::size_t>(col);
-    ShowHeading(grid, col);
-    const std::int32_t twips = grid.ColWidth(col);
-    if (std::exchange(applied_[place], twips) == twips) continue;
-    SendMessageW(list_, LVM_SETCOLUMNWIDTH, place, WidthFor(grid, scale, font, col));
+    // Whatever is given anew is painted anew, with all that stands below it.
+    if (col < Count()) {
+      ShowHeading(grid, col);
+      ShowWidth(grid, scale, font, col);
+    } else {
+      Insert(grid, scale, font, col);
+    }
   }
+}
+
+void GridColumns::Insert(const MSFlexGrid& grid, const TwipScale& scale, const UiFont& font,
+                         std::int32_t col) {
+  Applied& applied = applied_.emplace_back(grid.ColWidth(col), HeadingOf(grid, col));
+  LVCOLUMNW column{};
+  column.mask = LVCF_TEXT | LVCF_WIDTH;
+  column.pszText = applied.heading.data();
+  column.cx = WidthFor(grid, scale, font, col);
+  SendMessageW(list_, LVM_INSERTCOLUMNW, static_cast<WPARAM>(col),
+               reinterpret_cast<LPARAM>(&column));
+}
+
+void GridColumns::ShowHeading(const MSFlexGrid& grid, std::int32_t col) {
+  std::wstring& heading = applied_[static_cast<std::size_t>(col)].heading;
+  if (std::wstring before = std::exchange(heading, HeadingOf(grid, col)); before == heading) return;
+  LVCOLUMNW column{};
+  column.mask = LVCF_TEXT;
+  column.pszText = heading.data();
+  SendMessageW(list_, LVM_SETCOLUMNW, static_cast<WPARAM>(col), reinterpret_cast<LPARAM>(&column));
+}
+
+void GridColumns::ShowWidth(const MSFlexGrid& grid, const TwipScale& scale, const UiFont& font,
+                            std::int32_t col) {
+  const std::int32_t twips = grid.ColWidth(col);
+  if (std::exchange(applied_[static_cast<std::size_t>(col)].twips, twips) == twips) return;
+  const int width = WidthFor(grid, scale, font, col);
+  if (width == WidthOf(col)) return;
+  SendMessageW(list_, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(col), width);
 }
 
 void GridColumns::ForgetWidth(std::int32_t col) {
-  if (col < Count()) applied_[static_cast<std::size_t>(col)] = kNotApplied;
+  if (col < Count()) applied_[static_cast<std::size_t>(col)].twips = kNotApplied;
 }
 
-void GridColumns::ForgetWidths() { std::ranges::fill(applied_, kNotApplied); }
+void GridColumns::ForgetWidths() {
+  for (Applied& column : applied_) column.twips = kNotApplied;
+}
 
 bool GridColumns::HaveRoom(const MSFlexGrid& grid, const TwipScale& scale, const UiFont& font) {
   int taken = 2 * GetSystemMetrics(SM_CXEDGE) + GetSystemMetrics(SM_CXVSCROLL);
   for (std::int32_t col = 0; col < grid.Cols(); ++col) taken += WidthFor(grid, scale, font, col);
   return taken <= scale.PlaceOf(grid.Spec()).width;
-}
-
-void GridColumns::ShowHeading(const MSFlexGrid& grid, std::int32_t col) const {
-  std::wstring heading = ToShownLine(grid.TextViewAt(0, col));
-  LVCOLUMNW column{};
-  column.mask = LVCF_TEXT;
-  column.pszText = heading.data();
-  SendMessageW(list_, LVM_SETCOLUMNW, static_cast<WPARAM>(col), reinterpret_cast<LPARAM>(&column));
 }
 
 }  // namespace kestrava

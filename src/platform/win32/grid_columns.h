@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "platform/flex_grid.h"
@@ -18,6 +19,9 @@ class GridColumns {
 
   int Count() const { return static_cast<int>(applied_.size()); }
 
+  /// In pixels, as they are on the screen.
+  std::vector<int> Widths() const;
+
   /// Shows the grid's columns, their headings, and the widths that are new.
   void Show(const MSFlexGrid& grid, const TwipScale& scale, const UiFont& font);
 
@@ -30,10 +34,20 @@ class GridColumns {
   static bool HaveRoom(const MSFlexGrid& grid, const TwipScale& scale, const UiFont& font);
 
  private:
-  void ShowHeading(const MSFlexGrid& grid, std::int32_t col) const;
+  /// What a column was last given.
+  struct Applied {
+    std::int32_t twips;
+    std::wstring heading;
+  };
+
+  int WidthOf(std::int32_t col) const;
+  void Insert(const MSFlexGrid& grid, const TwipScale& scale, const UiFont& font, std::int32_t col);
+  void ShowHeading(const MSFlexGrid& grid, std::int32_t col);
+  void ShowWidth(const MSFlexGrid& grid, const TwipScale& scale, const UiFont& font,
+                 std::int32_t col);
 
   HWND list_;
-  std::vector<std::int32_t> applied_;  ///< the widths last taken, in twips
+  std::vector<Applied> applied_;
 };
 
 }  // namespace kestrava

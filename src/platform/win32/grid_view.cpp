@@ -112,9 +112,16 @@ void GridView::CatchUp() {
   const int first = std::max(std::exchange(firstChanged_, kNothingFirst) - 1, 0);
   const int last = std::min(std::exchange(lastChanged_, kNothingLast), rows_) - 1;
   CatchUpRows();
-  if (first <= last || headingChanged) {
-    Send(LVM_REDRAWITEMS, static_cast<WPARAM>(first), std::max(first, last));
-  }
+  RedrawItems(first, last);
+}
+
+void GridView::RedrawItems(int first, int last) {
+  // Wine asks its server for each of them, out of sight or not.
+  const int top = static_cast<int>(Send(LVM_GETTOPINDEX));
+  const int bottom = top + static_cast<int>(Send(LVM_GETCOUNTPERPAGE));
+  first = std::max(first, top);
+  last = std::min(last, bottom);
+  if (first <= last) Send(LVM_REDRAWITEMS, static_cast<WPARAM>(first), last);
 }
 
 void GridView::CatchUpRows() {
@@ -155,29 +162,33 @@ std::wstring GridView::CellText(std::int32_t row, std::int32_t col) const {
                               : grid->TextViewAt(row, col));
 }
 
-LRESULT GridView::Draw(NMLVCUSTOMDRAW& drawing) const {
+LRESULT GridView::Draw(NMLVCUSTOMDRAW& drawing) {
   const auto* grid = As<MSFlexGrid>();
-  if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+  if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT) {
+    drawn_.widths = columns_.Widths();
+    drawn_.selected = SelectedItem();
+    return CDRF_NOTIFYITEMDRAW;
+  }
   if (drawing.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || !grid) return CDRF_DODEFAULT;
   const int item = static_cast<int>(drawing.nmcd.dwItemSpec);
   const std::int32_t row = item + 1;
   RECT place{};
   place.left = LVIR_BOUNDS;
   SendRecord(LVM_GETITEMRECT, static_cast<WPARAM>(item), place);
-  const bool selected = Send(LVM_GETITEMSTATE, static_cast<WPARAM>(item), LVIS_SELECTED) != 0;
-  const int columns = columns_.Count();
-  for (int col = 0; col < columns; ++col) {
-    place.right = place.left + static_cast<int>(Send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(col)));
+  int col = 0;
+  for (const int width : drawn_.widths) {
+    place.right = place.left + width;
     if (col == 0) {
       PaintLamp(drawing.nmcd.hdc, place, row < grid->Rows() ? grid->BackColorAt(row, 0) : kNoColor);
     } else {
-      const bool current = selected && col == column_;
+      const bool current = item == drawn_.selected && col == column_;
       PaintCell(drawing.nmcd.hdc, place, CellText(row, col),
                 !current                 ? CellState::Plain
                 : GetFocus() == Handle() ? CellState::InUse
                                          : CellState::Selected);
     }
     place.left = place.right;
+    ++col;
   }
   return CDRF_SKIPDEFAULT;
 }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "platform/flex_grid.h"
 #include "platform/win32/grid_columns.h"
@@ -38,11 +39,13 @@ class GridView final : public ListView, private GridObserver {
   void NoteRows(std::int32_t first, std::int32_t last);
   void CatchUp();
   void CatchUpRows();
+  /// Has those of the items that are in sight painted again.
+  void RedrawItems(int first, int last);
   void ShowColumns();
   void FollowUserCell();
 
   std::wstring CellText(std::int32_t row, std::int32_t col) const;
-  LRESULT Draw(NMLVCUSTOMDRAW& drawing) const;
+  LRESULT Draw(NMLVCUSTOMDRAW& drawing);
 
   bool TakeKey(WPARAM key);
   /// The system moves the focus by this key.
@@ -55,8 +58,15 @@ class GridView final : public ListView, private GridObserver {
   void ChooseHeading(std::int32_t row, std::int32_t col);
   void RaiseDoubleClick();
 
+  /// What all items of one painting have in common.
+  struct Drawn {
+    std::vector<int> widths;  ///< of the columns, in pixels
+    int selected = -1;        ///< item
+  };
+
   TwipScale scale_;
   GridColumns columns_;
+  Drawn drawn_;
   int column_ = 1;  ///< of the user's cell; its row is the list's focused item
   std::int32_t rows_ = 1;
   bool hasUserCell_ = false;  ///< the grid had a user's cell when the view last looked

@@ -37,6 +37,10 @@ int ListView::FocusedItem() const {
   return static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
 }
 
+int ListView::SelectedItem() const {
+  return static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+}
+
 void ListView::FocusItem(int item) {
   LVITEMW state{};
   state.stateMask = LVIS_FOCUSED | LVIS_SELECTED;

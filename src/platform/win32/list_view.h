@@ -32,7 +32,9 @@ class ListView : public NativeControl {
   }
 
   void SetCount(int items);
+  /// -1 without one, as for the next.
   int FocusedItem() const;
+  int SelectedItem() const;
   /// Gives the focus of the keys to that item and selects it.
   void FocusItem(int item);
   void Deselect();

@@ -1,5 +1,7 @@
 #include "platform/win32/native_control.h"
 
+#include <utility>
+
 namespace kestrava {
 
 NativeControl::NativeControl(Control& control, HWND window, int id, const Make& make)
@@ -21,6 +23,7 @@ void NativeControl::Detach() {
 
 void NativeControl::SetScale(const TwipScale&, unsigned, const UiFont& font) {
   font_ = &font;
+  if (std::exchange(fontHandle_, font.Handle()) == font.Handle()) return;
   SendMessageW(handle_, WM_SETFONT, reinterpret_cast<WPARAM>(font.Handle()), TRUE);
 }
 

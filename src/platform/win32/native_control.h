@@ -69,6 +69,7 @@ class NativeControl {
   Observation<> observation_;
   HWND handle_;
   const UiFont* font_ = nullptr;
+  HFONT__* fontHandle_ = nullptr;  ///< the one that the control was last given
 };
 
 /// Makes the native control of `control`; nullptr for one that is never shown. `picture` is what

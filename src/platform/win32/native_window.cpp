@@ -45,7 +45,8 @@ NativeWindow::NativeWindow(Form& form, HWND owner, Observer observer)
     : form_(&form),
       observer_(std::move(observer)),
       handle_(MakeWindow(form.Spec(), owner, Procedure)),
-      font_(USER_DEFAULT_SCREEN_DPI) {
+      fontFor_(USER_DEFAULT_SCREEN_DPI),
+      font_(fontFor_) {
   SetWindowLongPtrW(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   if (!form.Spec().menu.empty()) menu_.emplace(form, handle_);
 }
@@ -125,7 +126,7 @@ std::optional<LRESULT> NativeWindow::Serve(UINT message, WPARAM wParam, LPARAM l
       return 0;
     case WM_SETCURSOR:
       if (LOWORD(lParam) != HTCLIENT || form_->Pointer() == MousePointer::Default) break;
-      ShowPointer();
+      ShowPointer(handle_, form_->Pointer());
       return TRUE;
     case WM_DPICHANGED: {
       Arrange();
@@ -135,7 +136,9 @@ std::optional<LRESULT> NativeWindow::Serve(UINT message, WPARAM wParam, LPARAM l
       return 0;
     }
     case WM_SETTINGCHANGE:
-      if (wParam == SPI_SETNONCLIENTMETRICS) Arrange();
+      if (wParam != SPI_SETNONCLIENTMETRICS) break;
+      fontFor_ = 0;
+      Arrange();
       break;
     case WM_SYSCOLORCHANGE:
       for (const auto& control : controls_) SendMessageW(control->Handle(), message, 0, 0);
@@ -189,7 +192,11 @@ void NativeWindow::LeaveByEscape() {
 
 void NativeWindow::Arrange() {
   const UINT dotsPerInch = GetDpiForWindow(handle_);
-  const UiFont before = std::exchange(font_, UiFont(dotsPerInch));
+  std::optional<UiFont> before;
+  // The controls let go of the one before ahead of its end.
+  if (std::exchange(fontFor_, dotsPerInch) != dotsPerInch) {
+    before = std::exchange(font_, UiFont(dotsPerInch));
+  }
   scale_ = TwipScale::ForFontHeight(font_.Height());
   for (const auto& control : controls_) control->SetScale(scale_, dotsPerInch, font_);
   // A word without end would have a window without end.
@@ -228,7 +235,7 @@ void NativeWindow::GiveRoom() {
 
 void NativeWindow::ShowForm() {
   MoveToPlace();
-  ShowPointer();
+  ShowPointer(handle_, form_->Pointer());
   ShowWindowState();
   ShowVisibility();
 }
@@ -243,15 +250,6 @@ void NativeWindow::MoveToPlace() {
   SetWindowPos(handle_, nullptr, static_cast<int>(screen.left) + scale_.ToPixels(place.first),
                static_cast<int>(screen.top) + scale_.ToPixels(place.second), 0, 0,
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-void NativeWindow::ShowPointer() const {
-  POINT position{};
-  GetCursorPos(&position);
-  const HWND under = WindowFromPoint(position);
-  if (!under || GetAncestor(under, GA_ROOT) != handle_) return;
-  SetCursor(
-      LoadCursorW(nullptr, form_->Pointer() == MousePointer::Busy ? IDC_APPSTARTING : IDC_ARROW));
 }
 
 void NativeWindow::ShowVisibility() {

@@ -73,7 +73,6 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
   /// Mirrors the state of the form itself.
   void ShowForm();
   void MoveToPlace();
-  void ShowPointer() const;
   void ShowVisibility();
   void Appear();
   /// The same for the first time. Its tables have got their columns since it was arranged.
@@ -86,6 +85,7 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
   Observation<> observation_;
   Observer observer_;
   HWND handle_;
+  unsigned fontFor_;  ///< dots per inch; 0 once another font is wanted
   UiFont font_;
   TwipScale scale_;
   std::optional<NativeMenu> menu_;

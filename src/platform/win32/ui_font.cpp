@@ -13,24 +13,6 @@ namespace {
 
 constexpr double kPointsPerInch = 72;
 
-/// A screen to measure texts on, with a font.
-class Measure {
- public:
-  explicit Measure(HFONT font) : screen_(GetDC(nullptr)), before_(SelectObject(screen_, font)) {}
-  ~Measure() {
-    SelectObject(screen_, before_);
-    ReleaseDC(nullptr, screen_);
-  }
-  Measure(const Measure&) = delete;
-  Measure& operator=(const Measure&) = delete;
-
-  HDC Screen() const { return screen_; }
-
- private:
-  HDC screen_;
-  HGDIOBJ before_;
-};
-
 }  // namespace
 
 UiFont::UiFont(unsigned dotsPerInch, const LabelLook& look) {
@@ -48,32 +30,37 @@ UiFont::UiFont(unsigned dotsPerInch, const LabelLook& look) {
   }
   if (look.bold) font.lfWeight = FW_BOLD;
   font_ = CreateFontIndirectW(&font);
+  // It measures like the screen, which would have to be asked for each time.
+  measure_ = CreateCompatibleDC(nullptr);
+  SelectObject(measure_, font_);
 }
 
 UiFont::~UiFont() {
+  if (measure_) DeleteDC(measure_);
   if (font_) DeleteObject(font_);
 }
 
-UiFont::UiFont(UiFont&& other) noexcept : font_(std::exchange(other.font_, nullptr)) {}
+UiFont::UiFont(UiFont&& other) noexcept
+    : font_(std::exchange(other.font_, nullptr)),
+      measure_(std::exchange(other.measure_, nullptr)) {}
 
 UiFont& UiFont::operator=(UiFont&& other) noexcept {
   std::swap(font_, other.font_);
+  std::swap(measure_, other.measure_);
   return *this;
 }
 
 int UiFont::Height() const {
-  const Measure measure(font_);
   TEXTMETRICW metrics{};
-  GetTextMetricsW(measure.Screen(), &metrics);
+  GetTextMetricsW(measure_, &metrics);
   return static_cast<int>(metrics.tmHeight);
 }
 
 PixelSize UiFont::SizeOf(const std::wstring& text, int width, Ampersand ampersand) const {
-  const Measure measure(font_);
   RECT room{0, 0, width, 0};
   UINT form = DT_CALCRECT | DT_WORDBREAK | DT_EXPANDTABS;
   if (ampersand == Ampersand::Itself) form |= DT_NOPREFIX;
-  DrawTextW(measure.Screen(), text.c_str(), -1, &room, form);
+  DrawTextW(measure_, text.c_str(), -1, &room, form);
   return {static_cast<int>(room.right), static_cast<int>(room.bottom)};
 }
 

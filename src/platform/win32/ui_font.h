@@ -38,6 +38,7 @@ class UiFont {
 
  private:
   HFONT__* font_;
+  HDC__* measure_;  ///< has the font selected
 };
 
 }  // namespace kestrava

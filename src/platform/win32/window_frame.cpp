@@ -95,6 +95,14 @@ void KeepCentre(HWND window, const RECT& before) {
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void ShowPointer(HWND window, MousePointer pointer) {
+  POINT position{};
+  GetCursorPos(&position);
+  const HWND under = WindowFromPoint(position);
+  if (!under || GetAncestor(under, GA_ROOT) != window) return;
+  SetCursor(LoadCursorW(nullptr, pointer == MousePointer::Busy ? IDC_APPSTARTING : IDC_ARROW));
+}
+
 RECT ScreenOf(HWND window) { return MonitorOf(window).rcMonitor; }
 
 }  // namespace kestrava

@@ -20,6 +20,9 @@ void PutOverOwner(HWND window);
 /// Puts the middle of the window back to where it was when the window had that place.
 void KeepCentre(HWND window, const RECT& before);
 
+/// Shows that shape of the mouse's pointer at once where it stands above that window.
+void ShowPointer(HWND window, MousePointer pointer);
+
 /// The whole screen that the window is on.
 RECT ScreenOf(HWND window);
 
