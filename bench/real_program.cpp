@@ -32,10 +32,11 @@ void RealProgram::Fill(const std::vector<std::string>& addresses) {
 PassCost RealProgram::Check(const std::string& status) {
   const double processor = ProcessorSeconds();
   PassCost cost{};
-  cost.clock = SecondsOf([this] {
+  EventLoop& eventLoop = desktop_.Services().eventLoop;
+  cost.clock = SecondsOf([&] {
     window.cmdCheck.Press();
     while (window.Pointer() == MousePointer::Busy) {
-      ServeNextEvents();
+      ServeNextEvents(eventLoop);
     }
   });
   cost.processor = ProcessorSeconds() - processor;

@@ -14,7 +14,7 @@ double ProcessorSeconds();
 /// Serves the events that wait in this thread, in one turn of the system's own loop.
 void ServeWaitingEvents();
 /// The same, after waiting for one.
-void ServeNextEvents();
+void ServeNextEvents(EventLoop& eventLoop);
 
 /// Does nothing for a millisecond.
 void Rest();

@@ -52,7 +52,7 @@ double ProcessorSeconds() {
 
 void ServeWaitingEvents() { QCoreApplication::processEvents(); }
 
-void ServeNextEvents() { QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents); }
+void ServeNextEvents(EventLoop&) { QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents); }
 
 void Rest() { std::this_thread::sleep_for(1ms); }
 

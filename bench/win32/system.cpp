@@ -11,6 +11,7 @@
 #include "platform/win32/message_window.h"
 #include "platform/win32/owned_handle.h"
 #include "platform/win32/wide_text.h"
+#include "platform/win32/win32_event_loop.h"
 
 namespace kestrava {
 
@@ -65,9 +66,8 @@ void ServeWaitingEvents() {
   for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0;) Serve(message);
 }
 
-void ServeNextEvents() {
-  ServeNextMessage();
-  ServeWaitingEvents();
+void ServeNextEvents(EventLoop& eventLoop) {
+  ServeNextMessage(static_cast<Win32EventLoop&>(eventLoop));
 }
 
 void Rest() { Sleep(1); }

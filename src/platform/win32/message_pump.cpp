@@ -1,12 +1,18 @@
 #include "platform/win32/message_pump.h"
 
 #include "platform/win32/native_window.h"
+#include "platform/win32/win32_event_loop.h"
 
 namespace kestrava {
 
-bool ServeNextMessage() {
+bool ServeNextMessage(Win32EventLoop& eventLoop) {
   MSG message{};
-  if (GetMessageW(&message, nullptr, 0, 0) <= 0) {
+  bool came = PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE;
+  if (!came) {
+    if (eventLoop.TakeIdle()) return true;
+    came = GetMessageW(&message, nullptr, 0, 0) > 0;
+  }
+  if (!came || message.message == WM_QUIT) {
     // Whoever waits further down the stack is to end as well.
     PostQuitMessage(0);
     return false;

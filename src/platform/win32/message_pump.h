@@ -4,8 +4,11 @@ struct tagMSG;
 
 namespace kestrava {
 
-/// Waits for the thread's next message and serves it. @return false once the program is to end.
-bool ServeNextMessage();
+class Win32EventLoop;
+
+/// Waits for the thread's next message and serves it, or ends a turn that waits for the last of
+/// them. @return false once the program is to end.
+bool ServeNextMessage(Win32EventLoop& eventLoop);
 
 /// Serves `message`: as a key of the window in use, or by its window's procedure.
 void Serve(tagMSG& message);

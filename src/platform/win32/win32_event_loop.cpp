@@ -32,13 +32,25 @@ void Win32EventLoop::EndRest() {
   if (rests_) FinishTurn();
 }
 
+bool Win32EventLoop::TakeIdle() {
+  if (!awaitsIdle_) return false;
+  FinishTurn();
+  return true;
+}
+
 void Win32EventLoop::End() {
   ended_ = true;
   PostQuitMessage(0);
 }
 
 bool Win32EventLoop::TurnIsSpared() {
-  return !AnyUnderWay() && steady_clock::now() - lastTurn_ < kSparedFor;
+  if (ended_ || AnyUnderWay()) return false;
+  const auto now = steady_clock::now();
+  if (now - lastTurn_ < kSparedFor) return true;
+  // Where nothing waits, the turn has ended.
+  if (HIWORD(GetQueueStatus(QS_ALLINPUT)) != 0) return false;
+  lastTurn_ = now;
+  return true;
 }
 
 void Win32EventLoop::BeginTurn() {
@@ -47,19 +59,25 @@ void Win32EventLoop::BeginTurn() {
 
 void Win32EventLoop::Rest() {
   rests_ = true;
+  StartTimer();
+}
+
+void Win32EventLoop::StartTimer() {
   SetTimer(window_.Handle(), kRestTimer, UINT{kLongestRest.count()}, nullptr);
 }
 
 void Win32EventLoop::EndShortTurn() {
   // A posted message comes ahead of what the user does, of painting and of timers: of all that the
   // turn is for. A timer comes after all of them.
-  if (HIWORD(GetQueueStatus(QS_INPUT | QS_PAINT | QS_TIMER)) != 0) return Rest();
+  awaitsIdle_ = HIWORD(GetQueueStatus(QS_INPUT | QS_PAINT | QS_TIMER)) != 0;
+  if (awaitsIdle_) return StartTimer();
   FinishTurn();
 }
 
 void Win32EventLoop::FinishTurn() {
-  if (rests_) KillTimer(window_.Handle(), kRestTimer);
+  if (rests_ || awaitsIdle_) KillTimer(window_.Handle(), kRestTimer);
   rests_ = false;
+  awaitsIdle_ = false;
   lastTurn_ = steady_clock::now();
   EndTurn();
 }

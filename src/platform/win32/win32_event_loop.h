@@ -25,6 +25,10 @@ class Win32EventLoop final : public EventLoop {
   void EndRest();
   /// Whether a turn rests.
   bool Rests() const { return rests_; }
+  /// No message waits any more: a turn that only lets the waiting ones through ends now. To be
+  /// called ahead of a wait for the next one; the system's own modal waits don't, and there it ends
+  /// by a timer. @return whether there was such a turn.
+  bool TakeIdle();
 
   /// The main window is gone: the message loop ends, and every modal wait with it.
   void End();
@@ -34,6 +38,7 @@ class Win32EventLoop final : public EventLoop {
   bool TurnIsSpared() override;
   void BeginTurn() override;
   void Rest();
+  void StartTimer();
   void EndShortTurn();
   void FinishTurn();
   bool AnyUnderWay() const;
@@ -42,6 +47,7 @@ class Win32EventLoop final : public EventLoop {
   std::vector<std::function<bool()>> watched_;
   std::chrono::steady_clock::time_point lastTurn_;
   bool rests_ = false;
+  bool awaitsIdle_ = false;
   bool ended_ = false;
 };
 

@@ -43,7 +43,7 @@ void Win32WindowSystem::ShowModal(Form& form) {
   if (!Find(form) || HasEnded()) return;
   waits_.Add(WindowOf(form));
   form.SetVisible(true);
-  while (form.Visible() && ServeNextMessage()) continue;
+  while (form.Visible() && ServeNextMessage(eventLoop_)) continue;
   form.SetVisible(false);
 }
 

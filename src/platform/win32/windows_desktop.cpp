@@ -44,7 +44,7 @@ Platform WindowsDesktop::Services() {
 }
 
 void WindowsDesktop::Run() {
-  while (!eventLoop_.HasEnded() && ServeNextMessage()) continue;
+  while (!eventLoop_.HasEnded() && ServeNextMessage(eventLoop_)) continue;
 }
 
 }  // namespace kestrava

@@ -27,7 +27,7 @@ inline std::string SystemError(int number) {
 
 /// The files of this system, and what its event loop does for them.
 struct SystemFiles {
-  void Serve() { ServeNextMessage(); }
+  void Serve() { ServeNextMessage(loop); }
 
   Win32EventLoop loop;
   HandleWaits waits{loop};

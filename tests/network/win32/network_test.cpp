@@ -32,7 +32,7 @@ TEST(Network, EachMachineGivesItsStatus) {
     EchoReply reply{};
     const auto came = Await(icmp.IcmpSendEcho(handle, static_cast<std::int32_t>(inet_addr(address)),
                                               "Echo This", nullptr, reply, sizeof reply, 200),
-                            ServeNextMessage);
+                            [&] { ServeNextMessage(loop); });
     EXPECT_EQ(reply.Status, status) << address;
     EXPECT_EQ(came, status == 0 ? 1 : 0) << address;
     EXPECT_EQ(reply.DataSize, status == 0 ? 9 : 0) << address;
@@ -41,11 +41,11 @@ TEST(Network, EachMachineGivesItsStatus) {
   }
 }
 
-int Attempt(Win32RemoteDesktop& control, const std::string& server) {
+int Attempt(Win32EventLoop& loop, Win32RemoteDesktop& control, const std::string& server) {
   control.SetServer(server);
   control.Connect();
   try {
-    while (control.Connected() == 2) ServeNextMessage();
+    while (control.Connected() == 2) ServeNextMessage(loop);
     return control.Connected();
   } catch (const RuntimeError& error) {
     EXPECT_EQ(control.Connected(), 0) << "the error is told once";
@@ -57,20 +57,20 @@ TEST(Network, EachRemoteDesktopPeerHasItsOutcome) {
   Win32EventLoop loop;
   Win32RemoteDesktop control(loop);
   for (const Manner& manner : kManners) {
-    EXPECT_EQ(Attempt(control, PeerOf(manner)), manner.outcome) << manner.end << manner.words;
+    EXPECT_EQ(Attempt(loop, control, PeerOf(manner)), manner.outcome) << manner.end << manner.words;
     control.Disconnect();
     control.SetServer(kSilentHost);
     control.Connect();
     // This peer serves one connection after the other: none was left behind.
-    EXPECT_EQ(Attempt(control, PeerOf(std::end(kManners)[-1])), 1);
+    EXPECT_EQ(Attempt(loop, control, PeerOf(std::end(kManners)[-1])), 1);
     control.Disconnect();
     EXPECT_EQ(control.Connected(), 0);
   }
   for (const char* server : {"10.66.1.2", kSilentHost, "10.99.0.1"}) {
-    EXPECT_EQ(Attempt(control, server), 0) << server;
+    EXPECT_EQ(Attempt(loop, control, server), 0) << server;
   }
   for (const char* server : {"server", "1.2.3.256", "0.0.0.0", "255.255.255.255", "224.0.0.1"}) {
-    EXPECT_THROW(Attempt(control, server), RuntimeError) << server;
+    EXPECT_THROW(Attempt(loop, control, server), RuntimeError) << server;
   }
 }
 
