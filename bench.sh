@@ -43,6 +43,9 @@ if [[ -z "$option" ]]; then
   build/bench/kestrava_bench "$silent_address" "$far_address" "${@:2}"
   exit
 fi
+# Every call goes to Wine's server, another process: what the way there takes would depend on which
+# cores the two happen to be on.
+taskset --cpu-list --pid 0 $$ >&2
 start_wine
 # Without a window manager Wine waits two seconds for one when a tray icon goes.
 openbox >"$stage_folder/openbox.log" 2>&1 </dev/null &

@@ -141,8 +141,7 @@ bool HasRoomForColumns(QWidget& widget, const ControlSpec& spec, const TwipScale
   return !grid || grid->HasRoom(scale, scale.PlaceOf(spec).width);
 }
 
-bool FitsInto(const QWidget& widget, const QSize& size) {
-  const QSize least = widget.minimumSizeHint();
+bool FitsInto(const QWidget& widget, const QSize& least, const QSize& size) {
   const int height =
       widget.hasHeightForWidth() ? widget.heightForWidth(size.width()) : least.height();
   return least.width() <= size.width() && height <= size.height();

@@ -13,7 +13,8 @@ namespace kestrava {
 QWidget* MakeNativeControl(Control& control, Link& link, QWidget* parent);
 
 /// Whether nothing that the widget shows at all times is cut when it has this size.
-bool FitsInto(const QWidget& widget, const QSize& size);
+/// @param least its `minimumSizeHint()`, which takes long to measure and is the same at each size.
+bool FitsInto(const QWidget& widget, const QSize& least, const QSize& size);
 
 /// Whether the columns of a table have room side by side in its place. True of any other widget.
 bool HasRoomForColumns(QWidget& widget, const ControlSpec& spec, const TwipScale& scale);

@@ -109,7 +109,7 @@ void NativeWindow::BuildControls() {
   for (Control* control : form_->Controls()) {
     QWidget* widget = MakeNativeControl(*control, *link_, area_);
     if (!widget) continue;
-    parts_.push_back({&control->Spec(), widget});
+    parts_.push_back({&control->Spec(), widget, {}});
     if (auto* button = qobject_cast<QPushButton*>(widget)) {
       button->setDefault(widget->objectName() == form_->Spec().defaultButton);
     }
@@ -151,6 +151,7 @@ void NativeWindow::NameForScreenReaders() {
 
 void NativeWindow::Arrange() {
   scale_ = TwipScale::ForFontHeight(widget_->fontMetrics().height());
+  for (Part& part : parts_) part.least = part.widget->minimumSizeHint();
   for (int step = 0; step < kMostSteps && !Fits(scale_); ++step) scale_ = scale_.Larger();
   ArrangeColumns();
   for (const Part& part : parts_) PlaceNativeControl(*part.widget, *part.spec, scale_);
@@ -162,7 +163,7 @@ void NativeWindow::Arrange() {
 bool NativeWindow::Fits(const TwipScale& scale) const {
   return std::ranges::all_of(parts_, [&](const Part& part) {
     const PixelPlace place = scale.PlaceOf(*part.spec);
-    return FitsInto(*part.widget, QSize(place.width, place.height));
+    return FitsInto(*part.widget, part.least, QSize(place.width, place.height));
   });
 }
 

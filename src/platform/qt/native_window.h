@@ -80,6 +80,7 @@ class NativeWindow final : public QObject {
   struct Part {
     const ControlSpec* spec;
     QWidget* widget;
+    QSize least;  ///< the widget's, at the present font
   };
 
   Form* form_;
