@@ -4,6 +4,7 @@
 #include <string_view>
 #include <tuple>
 
+#include "platform/ascii.h"
 #include "platform/event_loop.h"
 #include "platform/icmp.h"
 #include "platform/remote_desktop.h"
@@ -24,10 +25,7 @@ constexpr std::int16_t kNotConnected = 0;
 std::string BareStatusText(const std::string& line) {
   const std::size_t open = line.find('[');
   const std::size_t close = line.find(']', open);
-  const std::string_view words = std::string_view(line).substr(open + 1, close - open - 1);
-  const std::size_t first = words.find_first_not_of(' ');
-  const std::size_t last = words.find_last_not_of(' ');
-  return std::string(words.substr(first, last - first + 1));
+  return std::string(WithoutBlanks(std::string_view(line).substr(open + 1, close - open - 1)));
 }
 
 /// The Remote Desktop stage of one probe. `result` always holds the answer of that moment, so that
