@@ -168,7 +168,7 @@ SCENARIOS = {
   click check; minimize main; release_pass | up balloon icon
   answer_late                   | notified 5 of your Connections, closed
   silent Notify; click_window 1 balloon | at main
-  hold_pass; click check
+  hold_pass; click check         | at main
   keys alt+F4                   | ends 0
 """,
 "ATimedPassReports": r"""
