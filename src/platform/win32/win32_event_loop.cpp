@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/error_report.h"
 #include "platform/win32/windows_api.h"
 
 namespace kestrava {
@@ -34,7 +35,11 @@ void Win32EventLoop::EndRest() {
 
 bool Win32EventLoop::TakeIdle() {
   if (!awaitsIdle_) return false;
-  FinishTurn();
+  try {
+    FinishTurn();
+  } catch (...) {
+    ReportError(std::current_exception());
+  }
   return true;
 }
 
