@@ -38,13 +38,12 @@ Task<std::string> Save(const std::string& fileName, MSFlexGrid& grid,
                        ConfirmOverwrite confirmOverwrite, FileWorker& files,
                        MessageBoxes& messageBoxes) {
   if (grid.Rows() == kHeadingRow + 1) co_return "";
-  if (confirmOverwrite == ConfirmOverwrite::Yes) {
-    const auto look = [fileName](FileSystemObject& system) { return system.FileExists(fileName); };
-    const bool exists = co_await files.Get(fileName, look);
-    if (exists && messageBoxes.AskYesNo("Are you sure you want to overwrite the existing file ?",
-                                        "Overwrite File ?") == YesNo::No) {
-      co_return kReselect;
-    }
+  const auto look = [fileName](FileSystemObject& system) { return system.FileExists(fileName); };
+  const bool exists = co_await files.Get(fileName, look);
+  if (exists && confirmOverwrite == ConfirmOverwrite::Yes &&
+      messageBoxes.AskYesNo("Are you sure you want to overwrite the existing file ?",
+                            "Overwrite File ?") == YesNo::No) {
+    co_return kReselect;
   }
   // What can go wrong should do so while the older file is still there.
   std::string text = ListText(grid);
@@ -53,8 +52,8 @@ Task<std::string> Save(const std::string& fileName, MSFlexGrid& grid,
   };
   co_await files.Run(fileName, AtEnd::Drop, std::move(ensureRoom));
   // In one job: once the older file is deleted, the new one follows, whoever still waits for it.
-  FileWorker::Job write = [fileName, text = std::move(text)](auto& system) mutable {
-    if (system.FileExists(fileName)) system.DeleteFile(fileName, ReadOnlyFile::Delete);
+  FileWorker::Job write = [fileName, exists, text = std::move(text)](auto& system) mutable {
+    if (exists) system.DeleteFile(fileName, ReadOnlyFile::Delete);
     const std::unique_ptr<TextStream> stream = system.OpenTextFile(fileName);
     stream->WriteLine(std::move(text));
     stream->Close();
