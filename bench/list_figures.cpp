@@ -48,7 +48,7 @@ void MeasureSave(const std::string& folder) {
         std::filesystem::remove(list.name);
         const double seconds = SecondsOf([&] {
           const std::string result =
-              Finish(SaveConnectionList(list.name, program.window.grdServers, ConfirmOverwrite::No,
+              Finish(SaveConnectionList(list.name, program.window.grdServers, ConfirmOverwrite::Yes,
                                         program.Files(), program.Boxes()));
           if (!result.empty()) throw std::runtime_error("the list isn't saved: " + result);
         });
