@@ -45,7 +45,8 @@ if [[ -z "$option" ]]; then
 fi
 # Every call goes to Wine's server, another process: what the way there takes would depend on which
 # cores the two happen to be on.
-taskset --cpu-list --pid 0 $$ >&2
+allowed=$(sed -n 's/^Cpus_allowed_list:\s*//p' /proc/self/status)
+taskset --cpu-list --pid "${allowed%%[,-]*}" $$ >&2
 start_wine
 # Without a window manager Wine waits two seconds for one when a tray icon goes.
 openbox >"$stage_folder/openbox.log" 2>&1 </dev/null &

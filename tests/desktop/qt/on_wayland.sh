@@ -5,9 +5,9 @@ source "$(dirname "${BASH_SOURCE[0]}")/../../../scripts/stage.sh"
 
 open_stage
 start_compositor
-# Up to 6.4 Qt may free a frame's callback in two threads at once when a window is hidden at the
-# moment of its frame (https://codereview.qt-project.org/c/qt/qtwayland/+/445585). The library for
-# compositors ends the program then: such a run says nothing and is made again.
+# With Qt 6.4 the library for compositors may end a program by this assertion, where a window is
+# hidden. Others have traced it to Qt, which frees something in two threads at once, and mended it
+# there (https://codereview.qt-project.org/c/qt/qtwayland/+/445585). Such a run is made again.
 for ((attempt = 1; ; ++attempt)); do
   status=0
   "$@" 2>"$stage_folder/errors" || status=$?
