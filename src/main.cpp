@@ -155,8 +155,8 @@ int main(int argc, char* argv[]) {
   QApplication::setWindowIcon(ProgramIcon());
 
   Run(application, unloadMainWindow, terminationSignals);
-  // The toolkit's own end on Wayland, in Qt 6.4, waits for its thread that reads what the compositor
-  // sends. That one was seen in wl_display_read_events for ever.
+  // The toolkit's own end on Wayland, in Qt 6.4, waits for its thread that reads what the
+  // compositor sends. That one was seen in wl_display_read_events for ever.
   if (OnWayland()) std::_Exit(EXIT_SUCCESS);
   return 0;
 }
